@@ -1,0 +1,449 @@
+/** @file
+ *  Element-wise arithmetic, conversion and bulk memory.
+ */
+#ifndef ZELS_ARITH_H
+#define ZELS_ARITH_H
+
+#include "zels/types.h"
+
+#ifdef __cplusplus
+extern "C" {
+#endif
+
+/** @defgroup bulk Bulk memory
+ *  Copy, move, fill and clear. Elements are handled as bit patterns, so no value is disturbed.
+ *  @{
+ */
+
+/** @name Copy
+ *  `pDst[n] = pSrc[n]`. The arrays must not overlap.
+ *  The byte count is formed in 32 bits: from 2^32 bytes on it wraps, and a long vector wants the `_L` form,
+ * which counts in 64 bits. zelsCopy_32s alone copies any length. On processors that report their cache sizes
+ * by CPUID leaf 2, vectors of half the largest cache and more bypass the caches.
+ *  @param pSrc source
+ *  @param pDst destination
+ *  @param len length in elements
+ *  @return #zelErrNullPtr for a null pointer, else #zelErrSize for a length below 1, else #zelStatusOk
+ *  @{
+ */
+ZELS_API ZelStatus zelsCopy_8u(const Zel8u* pSrc, Zel8u* pDst, int len);
+ZELS_API ZelStatus zelsCopy_16s(const Zel16s* pSrc, Zel16s* pDst, int len);
+ZELS_API ZelStatus zelsCopy_16sc(const Zel16sc* pSrc, Zel16sc* pDst, int len);
+ZELS_API ZelStatus zelsCopy_32f(const Zel32f* pSrc, Zel32f* pDst, int len);
+ZELS_API ZelStatus zelsCopy_32fc(const Zel32fc* pSrc, Zel32fc* pDst, int len);
+ZELS_API ZelStatus zelsCopy_32s(const Zel32s* pSrc, Zel32s* pDst, int len);
+ZELS_API ZelStatus zelsCopy_32sc(const Zel32sc* pSrc, Zel32sc* pDst, int len);
+ZELS_API ZelStatus zelsCopy_64f(const Zel64f* pSrc, Zel64f* pDst, int len);
+ZELS_API ZelStatus zelsCopy_64fc(const Zel64fc* pSrc, Zel64fc* pDst, int len);
+ZELS_API ZelStatus zelsCopy_64s(const Zel64s* pSrc, Zel64s* pDst, int len);
+ZELS_API ZelStatus zelsCopy_64sc(const Zel64sc* pSrc, Zel64sc* pDst, int len);
+ZELS_API ZelStatus zelsCopy_32f_L(const Zel32f* pSrc, Zel32f* pDst, ZelSize len);
+ZELS_API ZelStatus zelsCopy_64f_L(const Zel64f* pSrc, Zel64f* pDst, ZelSize len);
+ZELS_API ZelStatus zelsCopy_32fc_L(const Zel32fc* pSrc, Zel32fc* pDst, ZelSize len);
+ZELS_API ZelStatus zelsCopy_64fc_L(const Zel64fc* pSrc, Zel64fc* pDst, ZelSize len);
+/** @} */
+
+/** @name Move
+ *  `pDst[n] = pSrc[n]` for arrays that may overlap in any way.
+ *  The byte count is formed in 32 bits, signed: 2^31 bytes and more are not moved.
+ *  @param pSrc source
+ *  @param pDst destination
+ *  @param len length in elements
+ *  @return #zelErrNullPtr for a null pointer, else #zelErrSize for a length below 1, else #zelStatusOk
+ *  @{
+ */
+ZELS_API ZelStatus zelsMove_8u(const Zel8u* pSrc, Zel8u* pDst, int len);
+ZELS_API ZelStatus zelsMove_16s(const Zel16s* pSrc, Zel16s* pDst, int len);
+ZELS_API ZelStatus zelsMove_16sc(const Zel16sc* pSrc, Zel16sc* pDst, int len);
+ZELS_API ZelStatus zelsMove_32f(const Zel32f* pSrc, Zel32f* pDst, int len);
+ZELS_API ZelStatus zelsMove_32fc(const Zel32fc* pSrc, Zel32fc* pDst, int len);
+ZELS_API ZelStatus zelsMove_32s(const Zel32s* pSrc, Zel32s* pDst, int len);
+ZELS_API ZelStatus zelsMove_32sc(const Zel32sc* pSrc, Zel32sc* pDst, int len);
+ZELS_API ZelStatus zelsMove_64f(const Zel64f* pSrc, Zel64f* pDst, int len);
+ZELS_API ZelStatus zelsMove_64fc(const Zel64fc* pSrc, Zel64fc* pDst, int len);
+ZELS_API ZelStatus zelsMove_64s(const Zel64s* pSrc, Zel64s* pDst, int len);
+ZELS_API ZelStatus zelsMove_64sc(const Zel64sc* pSrc, Zel64sc* pDst, int len);
+/** @} */
+
+/** @name Set
+ *  `pDst[n] = val`, by the bit pattern: even a signalling NaN is written unchanged.
+ *  @param val value
+ *  @param pDst destination
+ *  @param len length in elements
+ *  @return #zelErrNullPtr for a null pointer, else #zelErrSize for a length below 1, else #zelStatusOk
+ *  @{
+ */
+ZELS_API ZelStatus zelsSet_8u(Zel8u val, Zel8u* pDst, int len);
+ZELS_API ZelStatus zelsSet_16s(Zel16s val, Zel16s* pDst, int len);
+ZELS_API ZelStatus zelsSet_16sc(Zel16sc val, Zel16sc* pDst, int len);
+ZELS_API ZelStatus zelsSet_32f(Zel32f val, Zel32f* pDst, int len);
+ZELS_API ZelStatus zelsSet_32fc(Zel32fc val, Zel32fc* pDst, int len);
+ZELS_API ZelStatus zelsSet_32s(Zel32s val, Zel32s* pDst, int len);
+ZELS_API ZelStatus zelsSet_32sc(Zel32sc val, Zel32sc* pDst, int len);
+ZELS_API ZelStatus zelsSet_64f(Zel64f val, Zel64f* pDst, int len);
+ZELS_API ZelStatus zelsSet_64fc(Zel64fc val, Zel64fc* pDst, int len);
+ZELS_API ZelStatus zelsSet_64s(Zel64s val, Zel64s* pDst, int len);
+ZELS_API ZelStatus zelsSet_64sc(Zel64sc val, Zel64sc* pDst, int len);
+/** @} */
+
+/** @name Zero
+ *  `pDst[n] = 0`.
+ *  The byte count is formed in 32 bits, signed: a vector of 2^31 bytes and more wants the `_L` form.
+ *  @param pDst destination
+ *  @param len length in elements
+ *  @return #zelErrNullPtr for a null pointer, else #zelErrSize for a length below 1, else #zelStatusOk
+ *  @{
+ */
+ZELS_API ZelStatus zelsZero_8u(Zel8u* pDst, int len);
+ZELS_API ZelStatus zelsZero_16s(Zel16s* pDst, int len);
+ZELS_API ZelStatus zelsZero_16sc(Zel16sc* pDst, int len);
+ZELS_API ZelStatus zelsZero_32f(Zel32f* pDst, int len);
+ZELS_API ZelStatus zelsZero_32fc(Zel32fc* pDst, int len);
+ZELS_API ZelStatus zelsZero_32s(Zel32s* pDst, int len);
+ZELS_API ZelStatus zelsZero_32sc(Zel32sc* pDst, int len);
+ZELS_API ZelStatus zelsZero_64f(Zel64f* pDst, int len);
+ZELS_API ZelStatus zelsZero_64fc(Zel64fc* pDst, int len);
+ZELS_API ZelStatus zelsZero_64s(Zel64s* pDst, int len);
+ZELS_API ZelStatus zelsZero_64sc(Zel64sc* pDst, int len);
+ZELS_API ZelStatus zelsZero_32f_L(Zel32f* pDst, ZelSize len);
+ZELS_API ZelStatus zelsZero_64f_L(Zel64f* pDst, ZelSize len);
+ZELS_API ZelStatus zelsZero_32fc_L(Zel32fc* pDst, ZelSize len);
+ZELS_API ZelStatus zelsZero_64fc_L(Zel64fc* pDst, ZelSize len);
+/** @} */
+
+/** @} */
+
+/** @defgroup arith Element-wise arithmetic
+ *  Each element is computed by itself. Float results are exact functions of the operands under the caller's
+ * rounding and flush-to-zero modes: one IEEE operation for real data, and for complex products four rounded
+ * products and two rounded sums, `re = ar*br - ai*bi`, `im = ai*br + ar*bi`, never fused. Source and
+ * destination may be the same array. The complex sums and differences and the long forms test the length
+ * before the pointers, the others after.
+ *  @{
+ */
+
+/** @name Absolute value
+ *  `pDst[n] = |pSrc[n]|`. Integers saturate: the most negative value gives the largest. Floats have their
+ * sign bit cleared: a NaN keeps its payload.
+ *  @param pSrc source
+ *  @param pDst destination
+ *  @param pSrcDst source and destination
+ *  @param len length in elements
+ *  @return #zelErrNullPtr for a null pointer, else #zelErrSize for a length below 1, else #zelStatusOk
+ *  @{
+ */
+ZELS_API ZelStatus zelsAbs_16s(const Zel16s* pSrc, Zel16s* pDst, int len);
+ZELS_API ZelStatus zelsAbs_16s_I(Zel16s* pSrcDst, int len);
+ZELS_API ZelStatus zelsAbs_32s(const Zel32s* pSrc, Zel32s* pDst, int len);
+ZELS_API ZelStatus zelsAbs_32s_I(Zel32s* pSrcDst, int len);
+ZELS_API ZelStatus zelsAbs_32f(const Zel32f* pSrc, Zel32f* pDst, int len);
+ZELS_API ZelStatus zelsAbs_32f_I(Zel32f* pSrcDst, int len);
+ZELS_API ZelStatus zelsAbs_32f_L(const Zel32f* pSrc, Zel32f* pDst, ZelSize len);
+ZELS_API ZelStatus zelsAbs_32f_I_L(Zel32f* pSrcDst, ZelSize len);
+ZELS_API ZelStatus zelsAbs_64f(const Zel64f* pSrc, Zel64f* pDst, int len);
+ZELS_API ZelStatus zelsAbs_64f_I(Zel64f* pSrcDst, int len);
+ZELS_API ZelStatus zelsAbs_64f_L(const Zel64f* pSrc, Zel64f* pDst, ZelSize len);
+ZELS_API ZelStatus zelsAbs_64f_I_L(Zel64f* pSrcDst, ZelSize len);
+/** @} */
+
+/** @name Sum
+ *  `pDst[n] = pSrc1[n] + pSrc2[n]`; in place `pSrcDst[n] = pSrcDst[n] + pSrc[n]`. The mixed form converts
+ * both sources exactly to single precision first.
+ *  @param pSrc1 first source
+ *  @param pSrc2 second source
+ *  @param pDst destination
+ *  @param pSrc first source of the in-place forms
+ *  @param pSrcDst second source and destination
+ *  @param len length in elements
+ *  @return #zelErrNullPtr for a null pointer, else #zelErrSize for a length below 1, else #zelStatusOk
+ *  @{
+ */
+ZELS_API ZelStatus zelsAdd_32f(const Zel32f* pSrc1, const Zel32f* pSrc2, Zel32f* pDst, int len);
+ZELS_API ZelStatus zelsAdd_32f_I(const Zel32f* pSrc, Zel32f* pSrcDst, int len);
+ZELS_API ZelStatus zelsAdd_32f_L(const Zel32f* pSrc1, const Zel32f* pSrc2, Zel32f* pDst, ZelSize len);
+ZELS_API ZelStatus zelsAdd_32f_I_L(const Zel32f* pSrc, Zel32f* pSrcDst, ZelSize len);
+ZELS_API ZelStatus zelsAdd_64f(const Zel64f* pSrc1, const Zel64f* pSrc2, Zel64f* pDst, int len);
+ZELS_API ZelStatus zelsAdd_64f_I(const Zel64f* pSrc, Zel64f* pSrcDst, int len);
+ZELS_API ZelStatus zelsAdd_64f_L(const Zel64f* pSrc1, const Zel64f* pSrc2, Zel64f* pDst, ZelSize len);
+ZELS_API ZelStatus zelsAdd_64f_I_L(const Zel64f* pSrc, Zel64f* pSrcDst, ZelSize len);
+ZELS_API ZelStatus zelsAdd_32fc(const Zel32fc* pSrc1, const Zel32fc* pSrc2, Zel32fc* pDst, int len);
+ZELS_API ZelStatus zelsAdd_32fc_I(const Zel32fc* pSrc, Zel32fc* pSrcDst, int len);
+ZELS_API ZelStatus zelsAdd_32fc_L(const Zel32fc* pSrc1, const Zel32fc* pSrc2, Zel32fc* pDst, ZelSize len);
+ZELS_API ZelStatus zelsAdd_32fc_I_L(const Zel32fc* pSrc, Zel32fc* pSrcDst, ZelSize len);
+ZELS_API ZelStatus zelsAdd_64fc(const Zel64fc* pSrc1, const Zel64fc* pSrc2, Zel64fc* pDst, int len);
+ZELS_API ZelStatus zelsAdd_64fc_I(const Zel64fc* pSrc, Zel64fc* pSrcDst, int len);
+ZELS_API ZelStatus zelsAdd_64fc_L(const Zel64fc* pSrc1, const Zel64fc* pSrc2, Zel64fc* pDst, ZelSize len);
+ZELS_API ZelStatus zelsAdd_64fc_I_L(const Zel64fc* pSrc, Zel64fc* pSrcDst, ZelSize len);
+ZELS_API ZelStatus zelsAdd_16s32f(const Zel16s* pSrc1, const Zel16s* pSrc2, Zel32f* pDst, int len);
+/** @} */
+
+/** @name Difference
+ *  `pDst[n] = pSrc2[n] - pSrc1[n]`: the first source is the subtrahend; in place `pSrcDst[n] = pSrcDst[n] -
+ * pSrc[n]`. The mixed form converts both sources exactly to single precision first.
+ *  @param pSrc1 first source
+ *  @param pSrc2 second source
+ *  @param pDst destination
+ *  @param pSrc first source of the in-place forms
+ *  @param pSrcDst second source and destination
+ *  @param len length in elements
+ *  @return #zelErrNullPtr for a null pointer, else #zelErrSize for a length below 1, else #zelStatusOk
+ *  @{
+ */
+ZELS_API ZelStatus zelsSub_32f(const Zel32f* pSrc1, const Zel32f* pSrc2, Zel32f* pDst, int len);
+ZELS_API ZelStatus zelsSub_32f_I(const Zel32f* pSrc, Zel32f* pSrcDst, int len);
+ZELS_API ZelStatus zelsSub_32f_L(const Zel32f* pSrc1, const Zel32f* pSrc2, Zel32f* pDst, ZelSize len);
+ZELS_API ZelStatus zelsSub_32f_I_L(const Zel32f* pSrc, Zel32f* pSrcDst, ZelSize len);
+ZELS_API ZelStatus zelsSub_64f(const Zel64f* pSrc1, const Zel64f* pSrc2, Zel64f* pDst, int len);
+ZELS_API ZelStatus zelsSub_64f_I(const Zel64f* pSrc, Zel64f* pSrcDst, int len);
+ZELS_API ZelStatus zelsSub_64f_L(const Zel64f* pSrc1, const Zel64f* pSrc2, Zel64f* pDst, ZelSize len);
+ZELS_API ZelStatus zelsSub_64f_I_L(const Zel64f* pSrc, Zel64f* pSrcDst, ZelSize len);
+ZELS_API ZelStatus zelsSub_32fc(const Zel32fc* pSrc1, const Zel32fc* pSrc2, Zel32fc* pDst, int len);
+ZELS_API ZelStatus zelsSub_32fc_I(const Zel32fc* pSrc, Zel32fc* pSrcDst, int len);
+ZELS_API ZelStatus zelsSub_32fc_L(const Zel32fc* pSrc1, const Zel32fc* pSrc2, Zel32fc* pDst, ZelSize len);
+ZELS_API ZelStatus zelsSub_32fc_I_L(const Zel32fc* pSrc, Zel32fc* pSrcDst, ZelSize len);
+ZELS_API ZelStatus zelsSub_64fc(const Zel64fc* pSrc1, const Zel64fc* pSrc2, Zel64fc* pDst, int len);
+ZELS_API ZelStatus zelsSub_64fc_I(const Zel64fc* pSrc, Zel64fc* pSrcDst, int len);
+ZELS_API ZelStatus zelsSub_64fc_L(const Zel64fc* pSrc1, const Zel64fc* pSrc2, Zel64fc* pDst, ZelSize len);
+ZELS_API ZelStatus zelsSub_64fc_I_L(const Zel64fc* pSrc, Zel64fc* pSrcDst, ZelSize len);
+ZELS_API ZelStatus zelsSub_16s32f(const Zel16s* pSrc1, const Zel16s* pSrc2, Zel32f* pDst, int len);
+/** @} */
+
+/** @name Product
+ *  `pDst[n] = pSrc1[n] * pSrc2[n]`; in place `pSrcDst[n] = pSrcDst[n] * pSrc[n]`. zelsMul_16s32f converts
+ * both sources exactly to single precision first; the forms of a real and a complex vector multiply both
+ * parts by the real value.
+ *  @param pSrc1 first source
+ *  @param pSrc2 second source
+ *  @param pDst destination
+ *  @param pSrc first source of the in-place forms
+ *  @param pSrcDst second source and destination
+ *  @param len length in elements
+ *  @return #zelErrNullPtr for a null pointer, else #zelErrSize for a length below 1, else #zelStatusOk
+ *  @{
+ */
+ZELS_API ZelStatus zelsMul_32f(const Zel32f* pSrc1, const Zel32f* pSrc2, Zel32f* pDst, int len);
+ZELS_API ZelStatus zelsMul_32f_I(const Zel32f* pSrc, Zel32f* pSrcDst, int len);
+ZELS_API ZelStatus zelsMul_32f_L(const Zel32f* pSrc1, const Zel32f* pSrc2, Zel32f* pDst, ZelSize len);
+ZELS_API ZelStatus zelsMul_32f_I_L(const Zel32f* pSrc, Zel32f* pSrcDst, ZelSize len);
+ZELS_API ZelStatus zelsMul_64f(const Zel64f* pSrc1, const Zel64f* pSrc2, Zel64f* pDst, int len);
+ZELS_API ZelStatus zelsMul_64f_I(const Zel64f* pSrc, Zel64f* pSrcDst, int len);
+ZELS_API ZelStatus zelsMul_64f_L(const Zel64f* pSrc1, const Zel64f* pSrc2, Zel64f* pDst, ZelSize len);
+ZELS_API ZelStatus zelsMul_64f_I_L(const Zel64f* pSrc, Zel64f* pSrcDst, ZelSize len);
+ZELS_API ZelStatus zelsMul_32fc(const Zel32fc* pSrc1, const Zel32fc* pSrc2, Zel32fc* pDst, int len);
+ZELS_API ZelStatus zelsMul_32fc_I(const Zel32fc* pSrc, Zel32fc* pSrcDst, int len);
+ZELS_API ZelStatus zelsMul_32fc_L(const Zel32fc* pSrc1, const Zel32fc* pSrc2, Zel32fc* pDst, ZelSize len);
+ZELS_API ZelStatus zelsMul_32fc_I_L(const Zel32fc* pSrc, Zel32fc* pSrcDst, ZelSize len);
+ZELS_API ZelStatus zelsMul_64fc(const Zel64fc* pSrc1, const Zel64fc* pSrc2, Zel64fc* pDst, int len);
+ZELS_API ZelStatus zelsMul_64fc_I(const Zel64fc* pSrc, Zel64fc* pSrcDst, int len);
+ZELS_API ZelStatus zelsMul_64fc_L(const Zel64fc* pSrc1, const Zel64fc* pSrc2, Zel64fc* pDst, ZelSize len);
+ZELS_API ZelStatus zelsMul_64fc_I_L(const Zel64fc* pSrc, Zel64fc* pSrcDst, ZelSize len);
+ZELS_API ZelStatus zelsMul_16s32f(const Zel16s* pSrc1, const Zel16s* pSrc2, Zel32f* pDst, int len);
+ZELS_API ZelStatus zelsMul_32f32fc(const Zel32f* pSrc1, const Zel32fc* pSrc2, Zel32fc* pDst, int len);
+ZELS_API ZelStatus zelsMul_32f32fc_I(const Zel32f* pSrc, Zel32fc* pSrcDst, int len);
+/** @} */
+
+/** @name Sum with a constant
+ *  `pDst[n] = pSrc[n] + val`. In the real forms a constant of 0 (of either sign) makes a copy, or in place
+ * nothing, so that -0 stays -0. With such a constant zelsAddC_64f gives #zelErrSize where `8 * len` does not
+ * fit a positive 32-bit integer.
+ *  @param pSrc source
+ *  @param val constant
+ *  @param pDst destination
+ *  @param pSrcDst source and destination
+ *  @param len length in elements
+ *  @return #zelErrNullPtr for a null pointer, else #zelErrSize for a length below 1, else #zelStatusOk
+ *  @{
+ */
+ZELS_API ZelStatus zelsAddC_32f(const Zel32f* pSrc, Zel32f val, Zel32f* pDst, int len);
+ZELS_API ZelStatus zelsAddC_32f_I(Zel32f val, Zel32f* pSrcDst, int len);
+ZELS_API ZelStatus zelsAddC_32f_L(const Zel32f* pSrc, Zel32f val, Zel32f* pDst, ZelSize len);
+ZELS_API ZelStatus zelsAddC_32f_I_L(Zel32f val, Zel32f* pSrcDst, ZelSize len);
+ZELS_API ZelStatus zelsAddC_64f(const Zel64f* pSrc, Zel64f val, Zel64f* pDst, int len);
+ZELS_API ZelStatus zelsAddC_64f_I(Zel64f val, Zel64f* pSrcDst, int len);
+ZELS_API ZelStatus zelsAddC_64f_L(const Zel64f* pSrc, Zel64f val, Zel64f* pDst, ZelSize len);
+ZELS_API ZelStatus zelsAddC_64f_I_L(Zel64f val, Zel64f* pSrcDst, ZelSize len);
+ZELS_API ZelStatus zelsAddC_32fc(const Zel32fc* pSrc, Zel32fc val, Zel32fc* pDst, int len);
+ZELS_API ZelStatus zelsAddC_32fc_I(Zel32fc val, Zel32fc* pSrcDst, int len);
+ZELS_API ZelStatus zelsAddC_32fc_L(const Zel32fc* pSrc, Zel32fc val, Zel32fc* pDst, ZelSize len);
+ZELS_API ZelStatus zelsAddC_32fc_I_L(Zel32fc val, Zel32fc* pSrcDst, ZelSize len);
+ZELS_API ZelStatus zelsAddC_64fc(const Zel64fc* pSrc, Zel64fc val, Zel64fc* pDst, int len);
+ZELS_API ZelStatus zelsAddC_64fc_I(Zel64fc val, Zel64fc* pSrcDst, int len);
+ZELS_API ZelStatus zelsAddC_64fc_L(const Zel64fc* pSrc, Zel64fc val, Zel64fc* pDst, ZelSize len);
+ZELS_API ZelStatus zelsAddC_64fc_I_L(Zel64fc val, Zel64fc* pSrcDst, ZelSize len);
+/** @} */
+
+/** @name Difference with a constant
+ *  `pDst[n] = pSrc[n] - val`. In the real forms a constant of 0 makes a copy, or in place nothing.
+ *  @param pSrc source
+ *  @param val constant
+ *  @param pDst destination
+ *  @param pSrcDst source and destination
+ *  @param len length in elements
+ *  @return #zelErrNullPtr for a null pointer, else #zelErrSize for a length below 1, else #zelStatusOk
+ *  @{
+ */
+ZELS_API ZelStatus zelsSubC_32f(const Zel32f* pSrc, Zel32f val, Zel32f* pDst, int len);
+ZELS_API ZelStatus zelsSubC_32f_I(Zel32f val, Zel32f* pSrcDst, int len);
+ZELS_API ZelStatus zelsSubC_32f_L(const Zel32f* pSrc, Zel32f val, Zel32f* pDst, ZelSize len);
+ZELS_API ZelStatus zelsSubC_32f_I_L(Zel32f val, Zel32f* pSrcDst, ZelSize len);
+ZELS_API ZelStatus zelsSubC_64f(const Zel64f* pSrc, Zel64f val, Zel64f* pDst, int len);
+ZELS_API ZelStatus zelsSubC_64f_I(Zel64f val, Zel64f* pSrcDst, int len);
+ZELS_API ZelStatus zelsSubC_64f_L(const Zel64f* pSrc, Zel64f val, Zel64f* pDst, ZelSize len);
+ZELS_API ZelStatus zelsSubC_64f_I_L(Zel64f val, Zel64f* pSrcDst, ZelSize len);
+ZELS_API ZelStatus zelsSubC_32fc(const Zel32fc* pSrc, Zel32fc val, Zel32fc* pDst, int len);
+ZELS_API ZelStatus zelsSubC_32fc_I(Zel32fc val, Zel32fc* pSrcDst, int len);
+ZELS_API ZelStatus zelsSubC_32fc_L(const Zel32fc* pSrc, Zel32fc val, Zel32fc* pDst, ZelSize len);
+ZELS_API ZelStatus zelsSubC_32fc_I_L(Zel32fc val, Zel32fc* pSrcDst, ZelSize len);
+ZELS_API ZelStatus zelsSubC_64fc(const Zel64fc* pSrc, Zel64fc val, Zel64fc* pDst, int len);
+ZELS_API ZelStatus zelsSubC_64fc_I(Zel64fc val, Zel64fc* pSrcDst, int len);
+ZELS_API ZelStatus zelsSubC_64fc_L(const Zel64fc* pSrc, Zel64fc val, Zel64fc* pDst, ZelSize len);
+ZELS_API ZelStatus zelsSubC_64fc_I_L(Zel64fc val, Zel64fc* pSrcDst, ZelSize len);
+/** @} */
+
+/** @name Difference from a constant
+ *  `pDst[n] = val - pSrc[n]`, whatever the constant.
+ *  @param pSrc source
+ *  @param val constant
+ *  @param pDst destination
+ *  @param pSrcDst source and destination
+ *  @param len length in elements
+ *  @return #zelErrNullPtr for a null pointer, else #zelErrSize for a length below 1, else #zelStatusOk
+ *  @{
+ */
+ZELS_API ZelStatus zelsSubCRev_32f(const Zel32f* pSrc, Zel32f val, Zel32f* pDst, int len);
+ZELS_API ZelStatus zelsSubCRev_32f_I(Zel32f val, Zel32f* pSrcDst, int len);
+ZELS_API ZelStatus zelsSubCRev_32f_L(const Zel32f* pSrc, Zel32f val, Zel32f* pDst, ZelSize len);
+ZELS_API ZelStatus zelsSubCRev_32f_I_L(Zel32f val, Zel32f* pSrcDst, ZelSize len);
+ZELS_API ZelStatus zelsSubCRev_64f(const Zel64f* pSrc, Zel64f val, Zel64f* pDst, int len);
+ZELS_API ZelStatus zelsSubCRev_64f_I(Zel64f val, Zel64f* pSrcDst, int len);
+ZELS_API ZelStatus zelsSubCRev_64f_L(const Zel64f* pSrc, Zel64f val, Zel64f* pDst, ZelSize len);
+ZELS_API ZelStatus zelsSubCRev_64f_I_L(Zel64f val, Zel64f* pSrcDst, ZelSize len);
+ZELS_API ZelStatus zelsSubCRev_32fc(const Zel32fc* pSrc, Zel32fc val, Zel32fc* pDst, int len);
+ZELS_API ZelStatus zelsSubCRev_32fc_I(Zel32fc val, Zel32fc* pSrcDst, int len);
+ZELS_API ZelStatus zelsSubCRev_32fc_L(const Zel32fc* pSrc, Zel32fc val, Zel32fc* pDst, ZelSize len);
+ZELS_API ZelStatus zelsSubCRev_32fc_I_L(Zel32fc val, Zel32fc* pSrcDst, ZelSize len);
+ZELS_API ZelStatus zelsSubCRev_64fc(const Zel64fc* pSrc, Zel64fc val, Zel64fc* pDst, int len);
+ZELS_API ZelStatus zelsSubCRev_64fc_I(Zel64fc val, Zel64fc* pSrcDst, int len);
+ZELS_API ZelStatus zelsSubCRev_64fc_L(const Zel64fc* pSrc, Zel64fc val, Zel64fc* pDst, ZelSize len);
+ZELS_API ZelStatus zelsSubCRev_64fc_I_L(Zel64fc val, Zel64fc* pSrcDst, ZelSize len);
+/** @} */
+
+/** @name Product with a constant
+ *  `pDst[n] = pSrc[n] * val`. In the real forms a constant of 1 makes a copy, or in place nothing, and a
+ * constant of 0 clears the destination, so that infinity or NaN times 0 is 0 there.
+ *  @param pSrc source
+ *  @param val constant
+ *  @param pDst destination
+ *  @param pSrcDst source and destination
+ *  @param len length in elements
+ *  @return #zelErrNullPtr for a null pointer, else #zelErrSize for a length below 1, else #zelStatusOk
+ *  @{
+ */
+ZELS_API ZelStatus zelsMulC_32f(const Zel32f* pSrc, Zel32f val, Zel32f* pDst, int len);
+ZELS_API ZelStatus zelsMulC_32f_I(Zel32f val, Zel32f* pSrcDst, int len);
+ZELS_API ZelStatus zelsMulC_32f_L(const Zel32f* pSrc, Zel32f val, Zel32f* pDst, ZelSize len);
+ZELS_API ZelStatus zelsMulC_32f_I_L(Zel32f val, Zel32f* pSrcDst, ZelSize len);
+ZELS_API ZelStatus zelsMulC_64f(const Zel64f* pSrc, Zel64f val, Zel64f* pDst, int len);
+ZELS_API ZelStatus zelsMulC_64f_I(Zel64f val, Zel64f* pSrcDst, int len);
+ZELS_API ZelStatus zelsMulC_64f_L(const Zel64f* pSrc, Zel64f val, Zel64f* pDst, ZelSize len);
+ZELS_API ZelStatus zelsMulC_64f_I_L(Zel64f val, Zel64f* pSrcDst, ZelSize len);
+ZELS_API ZelStatus zelsMulC_32fc(const Zel32fc* pSrc, Zel32fc val, Zel32fc* pDst, int len);
+ZELS_API ZelStatus zelsMulC_32fc_I(Zel32fc val, Zel32fc* pSrcDst, int len);
+ZELS_API ZelStatus zelsMulC_32fc_L(const Zel32fc* pSrc, Zel32fc val, Zel32fc* pDst, ZelSize len);
+ZELS_API ZelStatus zelsMulC_32fc_I_L(Zel32fc val, Zel32fc* pSrcDst, ZelSize len);
+ZELS_API ZelStatus zelsMulC_64fc(const Zel64fc* pSrc, Zel64fc val, Zel64fc* pDst, int len);
+ZELS_API ZelStatus zelsMulC_64fc_I(Zel64fc val, Zel64fc* pSrcDst, int len);
+ZELS_API ZelStatus zelsMulC_64fc_L(const Zel64fc* pSrc, Zel64fc val, Zel64fc* pDst, ZelSize len);
+ZELS_API ZelStatus zelsMulC_64fc_I_L(Zel64fc val, Zel64fc* pSrcDst, ZelSize len);
+/** @} */
+
+/** @name Sum with a product
+ *  `pSrcDst[n] = pSrcDst[n] + pSrc1[n] * pSrc2[n]`, or with `val` in place of the second source. Product and
+ * sum are each rounded.
+ *  @param pSrc1 first factor
+ *  @param pSrc2 second factor
+ *  @param pSrc first factor
+ *  @param val second factor, a constant
+ *  @param pSrcDst sum
+ *  @param len length in elements
+ *  @return #zelErrNullPtr for a null pointer, else #zelErrSize for a length below 1, else #zelStatusOk
+ *  @{
+ */
+ZELS_API ZelStatus zelsAddProduct_32f(const Zel32f* pSrc1, const Zel32f* pSrc2, Zel32f* pSrcDst, int len);
+ZELS_API ZelStatus zelsAddProduct_64f(const Zel64f* pSrc1, const Zel64f* pSrc2, Zel64f* pSrcDst, int len);
+ZELS_API ZelStatus zelsAddProduct_32fc(const Zel32fc* pSrc1, const Zel32fc* pSrc2, Zel32fc* pSrcDst, int len);
+ZELS_API ZelStatus zelsAddProduct_64fc(const Zel64fc* pSrc1, const Zel64fc* pSrc2, Zel64fc* pSrcDst, int len);
+ZELS_API ZelStatus zelsAddProductC_32f(const Zel32f* pSrc, Zel32f val, Zel32f* pSrcDst, int len);
+ZELS_API ZelStatus zelsAddProductC_64f(const Zel64f* pSrc, Zel64f val, Zel64f* pSrcDst, int len);
+ZELS_API ZelStatus zelsAddProductC_32fc(const Zel32fc* pSrc, Zel32fc val, Zel32fc* pSrcDst, int len);
+ZELS_API ZelStatus zelsAddProductC_64fc(const Zel64fc* pSrc, Zel64fc val, Zel64fc* pSrcDst, int len);
+/** @} */
+
+/** `pSrc[n] * val` in single precision, converted under the caller's rounding mode and packed with
+ * saturation. There is no clamp before the conversion: a product outside the range of a 32-bit integer gives
+ * -32768 whatever its sign.
+ *  @param pSrc source
+ *  @param val constant
+ *  @param pDst destination
+ *  @param len length in elements
+ *  @return #zelErrNullPtr for a null pointer, else #zelErrSize for a length below 1, else #zelStatusOk
+ */
+ZELS_API ZelStatus zelsMulC_Low_32f16s(const Zel32f* pSrc, Zel32f val, Zel16s* pDst, int len);
+
+/** `pSrc[n] * (val * 2^(-scaleFactor))` in single precision, clamped to the range of #Zel16s and rounded to
+ * nearest, ties to even, whatever the caller's mode. A scaled constant beyond the range of single precision
+ * becomes infinity or loses bits as a subnormal number does; a NaN product gives -32768.
+ *  @param pSrc source
+ *  @param val constant
+ *  @param pDst destination
+ *  @param len length in elements
+ *  @param scaleFactor scale factor, any value
+ *  @return #zelErrNullPtr for a null pointer, else #zelErrSize for a length below 1, else #zelStatusOk
+ */
+ZELS_API ZelStatus zelsMulC_32f16s_Sfs(const Zel32f* pSrc, Zel32f val, Zel16s* pDst, int len,
+                                       int scaleFactor);
+
+/** `pSrcDst[n] * (val * 2^(-scaleFactor))` in double precision, rounded to nearest, ties to even, and
+ * saturated. An element of 0 stays 0 whatever the constant; any other NaN product gives 0.
+ *  @param val constant
+ *  @param pSrcDst source and destination
+ *  @param len length in elements
+ *  @param scaleFactor scale factor, any value
+ *  @return #zelErrNullPtr for a null pointer, else #zelErrSize for a length below 1, else #zelStatusOk
+ */
+ZELS_API ZelStatus zelsMulC_64f64s_ISfs(Zel64f val, Zel64s* pSrcDst, int len, int scaleFactor);
+
+/** @} */
+
+/** @defgroup convert Conversion
+ *  A vector of one element type into a vector of another.
+ *  @{
+ */
+
+/** `pDst[n] = pSrc[n]`, exactly.
+ *  @param pSrc source
+ *  @param pDst destination
+ *  @param len length in elements
+ *  @return #zelErrNullPtr for a null pointer, else #zelErrSize for a length below 1, else #zelStatusOk
+ */
+ZELS_API ZelStatus zelsConvert_16s32f(const Zel16s* pSrc, Zel32f* pDst, int len);
+
+/** `pSrc[n] * 2^(-scaleFactor)`, clamped to the range of #Zel16s and rounded. A NaN gives -32768.
+ *  @param pSrc source
+ *  @param pDst destination
+ *  @param len length in elements
+ *  @param rnd 0 truncates, 1 rounds to nearest, ties to even; every other value adds one half with the sign
+ * of the value in single precision and truncates, so that 0.49999997 gives 1
+ *  @param scaleFactor scale factor, any value
+ *  @return #zelErrNullPtr for a null pointer, else #zelErrSize for a length below 1, else #zelStatusOk
+ */
+ZELS_API ZelStatus zelsConvert_32f16s_Sfs(const Zel32f* pSrc, Zel16s* pDst, int len, ZelRoundMode rnd,
+                                          int scaleFactor);
+
+/** @} */
+
+#ifdef __cplusplus
+}
+#endif
+
+#endif

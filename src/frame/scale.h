@@ -1,0 +1,72 @@
+// Steps between element types: exact widening, scaling by powers of two, rounding and saturation of floats.
+#pragma once
+
+#include "frame/vec.h"
+
+#include <cmath>
+
+/// The low four of eight 16-bit integers as floats.
+inline OwnsVec<Zel32f> ownsWidened32f(OwnsVec<Zel16s> x)
+{
+    return _mm_cvtepi32_ps(_mm_cvtepi16_epi32(ownsInt(x)));
+}
+
+/// `value` times 2 to the power -scaleFactor. Any factor is valid: beyond the exponent range of a double it
+/// gives infinity or zero.
+inline Zel64f ownsScaled(Zel64f value, int scaleFactor)
+{
+    const int exponent = scaleFactor > 4096 ? -4096 : scaleFactor < -4096 ? 4096 : -scaleFactor;
+    return std::scalbn(value, exponent);
+}
+
+/// Calls `body` with the function that multiplies a float vector by 2 to the power -scaleFactor. One product
+/// is enough within the exponents of a normal float; beyond, two exact ones keep 0 at 0 and infinity at
+/// infinity.
+template <class Body>
+[[gnu::always_inline]] inline void ownsWithFloatScale(int scaleFactor, Body body)
+{
+    if (scaleFactor == 0) {
+        body([](auto x) { return x; });
+    } else if (scaleFactor >= -126 && scaleFactor <= 126) {
+        const auto factor = static_cast<Zel32f>(ownsScaled(1.0, scaleFactor));
+        body([factor](auto x) { return x * factor; });
+    } else {
+        const Zel32f factor = scaleFactor < 0 ? 0x1p126f : 0x1p-126f;
+        const int rest = scaleFactor < 0 ? scaleFactor + 126 : scaleFactor - 126;
+        const auto second = static_cast<Zel32f>(ownsScaled(1.0, rest < -126  ? -126
+                                                                : rest > 126 ? 126
+                                                                             : rest));
+        body([factor, second](auto x) { return x * factor * second; });
+    }
+}
+
+/// Rounded to nearest, ties to even, whatever the caller's mode.
+inline OwnsVec<Zel32f> ownsRoundedNear(OwnsVec<Zel32f> x)
+{
+    return _mm_round_ps(x, _MM_FROUND_TO_NEAREST_INT | _MM_FROUND_NO_EXC);
+}
+
+/// Clamped to the range of Zel16s. maxps and minps give their second operand for a NaN: it becomes -32768.
+inline OwnsVec<Zel32f> ownsClamped16s(OwnsVec<Zel32f> x)
+{
+    return _mm_min_ps(_mm_max_ps(x, _mm_set1_ps(-32768.0f)), _mm_set1_ps(32767.0f));
+}
+
+/// Two vectors of integral floats within the range of Zel16s.
+inline OwnsVec<Zel16s> ownsNarrowed16s(OwnsVec<Zel32f> low, OwnsVec<Zel32f> high)
+{
+    return ownsAs<Zel16s>(_mm_packs_epi32(_mm_cvttps_epi32(low), _mm_cvttps_epi32(high)));
+}
+
+/// Rounded to nearest, ties to even, and saturated; a NaN gives 0.
+inline Zel64s ownsSaturated64s(Zel64f x)
+{
+    const __m128d rounded =
+        _mm_round_sd(_mm_setzero_pd(), _mm_set_sd(x), _MM_FROUND_TO_NEAREST_INT | _MM_FROUND_NO_EXC);
+    const Zel64f value = _mm_cvtsd_f64(rounded);
+    if (value >= 9223372036854775808.0)
+        return INT64_MAX;
+    if (value <= -9223372036854775808.0)
+        return INT64_MIN;
+    return value == value ? _mm_cvttsd_si64(rounded) : 0;
+}

@@ -1,0 +1,48 @@
+// The pattern that every element-wise kernel follows, and the numbers that it follows it by.
+//
+// A kernel receives pointers that are not null and a length of at least 1, and goes through five stages:
+//
+//   cut     Below a minimum length nothing is gained by aligning: unaligned vectors, then single elements.
+//   peel    Single elements until the destination stands on a 16-byte boundary. A destination that is not
+//           even aligned to its own element never gets there; it skips the peel and keeps unaligned stores.
+//   body    Rounds of 32 bytes of destination. Sources are read unaligned: on aligned data that costs
+//   nothing. stream  Some kernels write the body with non-temporal stores once the arrays of the call no
+//   longer fit
+//           about one mebibyte. Such stores need an aligned destination, so this is decided after the peel.
+//           There is no fence behind them: only the bulk operations (bulk.h) promise one.
+//   tail    What is left, one vector at a time and then by single elements.
+#pragma once
+
+#include "zels/types.h"
+
+/// What sets one kernel of the pattern apart from another.
+struct OwnsShape {
+    int cut;                         ///< lengths below this take the short path
+    ZelSize streamAbove = INT64_MAX; ///< elements left after the peel above which the body streams
+};
+
+/// A limit given in rounds of two elements: more than `rounds` whole rounds must be left.
+constexpr ZelSize ownsRounds64fc(ZelSize rounds)
+{
+    return 2 * rounds + 1;
+}
+
+// The table of thresholds. A kernel that is not here streams at no length and has the cut of its element
+// type: 11 for 32f, 5 for 64f and 32fc, 2 for 64fc, which is where a peel and one round begin to pay.
+inline constexpr OwnsShape shape_32f{11};
+inline constexpr OwnsShape shape_64f{5};
+inline constexpr OwnsShape shape_32fc{5};
+inline constexpr OwnsShape shape_64fc{2};
+inline constexpr OwnsShape shape_16s{16};
+inline constexpr OwnsShape shape_32s{8};
+
+inline constexpr OwnsShape shapeAdd_32f{11, 87383};
+inline constexpr OwnsShape shapeAdd_64f{5, 43691};
+inline constexpr OwnsShape shapeMul_64f{5, 43687};
+inline constexpr OwnsShape shapeMul_64fc{2, ownsRounds64fc(10922)};
+inline constexpr OwnsShape shapeMul_64fc_I{2, ownsRounds64fc(16384)};
+inline constexpr OwnsShape shapeAddC_64fc{2, ownsRounds64fc(16384)};
+inline constexpr OwnsShape shapeMulC_32f{11, 131079};
+inline constexpr OwnsShape shapeMulC_32fc{5, 65539};
+inline constexpr OwnsShape shapeMulC_32fc_I{5, 131073};
+inline constexpr OwnsShape shapeAdd_16s32f{1, 262151};
