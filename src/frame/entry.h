@@ -12,7 +12,7 @@
 template <class... P>
 inline ZelStatus ownsCheck(ZelSize len, const P*... p)
 {
-    if ((... || (p == nullptr)))
+    if ((... || !p))
         return zelErrNullPtr;
     return len < 1 ? zelErrSize : zelStatusOk;
 }
