@@ -6,18 +6,17 @@
 namespace {
 
 /// An operation on two 16s vectors in single precision; both conversions are exact.
-template <class Op>
+template <auto op>
 struct OnWidened16s {
-    Op op;
     Zel32f operator()(Zel16s a, Zel16s b) const { return op(static_cast<Zel32f>(a), static_cast<Zel32f>(b)); }
     OwnsVec<Zel32f> operator()(OwnsVec<Zel16s> a, OwnsVec<Zel16s> b) const
     {
         return op(ownsWidened32f(a), ownsWidened32f(b));
     }
 };
-constexpr OnWidened16s addWidened{[](auto a, auto b) { return a + b; }};
-constexpr OnWidened16s subWidenedFrom{[](auto a, auto b) { return b - a; }};
-constexpr OnWidened16s mulWidened{[](auto a, auto b) { return a * b; }};
+constexpr OnWidened16s<[](auto a, auto b) { return a + b; }> addWidened;
+constexpr OnWidened16s<[](auto a, auto b) { return b - a; }> subWidenedFrom;
+constexpr OnWidened16s<[](auto a, auto b) { return a * b; }> mulWidened;
 
 /// Both parts of a complex element times a real one.
 constexpr auto mulParts = [](OwnsVec<Zel32f> factor, OwnsVec<Zel32f> x) {
