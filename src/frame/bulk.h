@@ -4,7 +4,7 @@
 // a whole vector. Counts of 0 are allowed here.
 #pragma once
 
-#include "zels/types.h"
+#include "frame/vec.h"
 
 /// Copies `bytes` bytes between arrays that do not overlap.
 void ownsCopyBytes(const void* pSrc, void* pDst, ZelSize bytes);
@@ -15,14 +15,14 @@ void ownsMoveBytes(const void* pSrc, void* pDst, ZelSize bytes);
 /// Clears `bytes` bytes.
 void ownsZeroBytes(void* pDst, ZelSize bytes);
 
-/// Writes the `width` bytes (1, 2, 4, 8 or 16) of a value `len` times.
-void ownsSetPattern(const void* pValue, int width, void* pDst, ZelSize len);
+/// Fills `len` elements of `width` bytes (1, 2, 4, 8 or 16) with the repeated value that `value` holds.
+void ownsSetBytes(OwnsVec<Zel8u> value, int width, void* pDst, ZelSize len);
 
 /// Fills `len` elements with the bit pattern of `val`.
 template <class T>
-inline void ownsSet(const T& val, T* pDst, ZelSize len)
+inline void ownsSet(T val, T* pDst, ZelSize len)
 {
-    ownsSetPattern(&val, static_cast<int>(sizeof(T)), pDst, len);
+    ownsSetBytes(ownsAs<Zel8u>(ownsSplat(val)), static_cast<int>(sizeof(T)), pDst, len);
 }
 
 /// Copies `len` elements; the long and the internal forms count in 64 bits and never wrap.

@@ -264,20 +264,30 @@ inline auto ownsTakePart(const S* p, int n)
 
 // Steps on vectors.
 
-/// The same element in every lane.
+/// The same element in every lane, by its bit pattern.
 template <class T>
 inline OwnsVec<T> ownsSplat(T value)
 {
-    OwnsVec<T> v;
-    if constexpr (ownsIsComplex<T>) {
-        for (int k = 0; k < ownsLanes<T>; k++) {
-            v[2 * k] = value.re;
-            v[2 * k + 1] = value.im;
-        }
+    if constexpr (std::is_same_v<T, Zel32f>) {
+        return _mm_set1_ps(value);
+    } else if constexpr (std::is_same_v<T, Zel64f>) {
+        return _mm_set1_pd(value);
     } else {
-        v = value - OwnsVec<T>{};
+        const auto bits = [&](auto word) {
+            __builtin_memcpy(&word, &value, sizeof word);
+            return word;
+        };
+        if constexpr (sizeof(T) == 1)
+            return ownsAs<T>(_mm_set1_epi8(bits(char{})));
+        else if constexpr (sizeof(T) == 2)
+            return ownsAs<T>(_mm_set1_epi16(bits(Zel16s{})));
+        else if constexpr (sizeof(T) == 4)
+            return ownsAs<T>(_mm_set1_epi32(bits(Zel32s{})));
+        else if constexpr (sizeof(T) == 8)
+            return ownsAs<T>(_mm_set1_epi64x(bits(Zel64s{})));
+        else
+            return bits(OwnsVec<T>{});
     }
-    return v;
 }
 
 /// Real parts, or imaginary parts, each in both places of its element; the parts exchanged.

@@ -46,3 +46,11 @@ inline constexpr OwnsShape shapeMulC_32f{11, 131079};
 inline constexpr OwnsShape shapeMulC_32fc{5, 65539};
 inline constexpr OwnsShape shapeMulC_32fc_I{5, 131073};
 inline constexpr OwnsShape shapeAdd_16s32f{1, 262151};
+
+// Bulk memory, in bytes: from where on the size of the largest cache is asked for, and how a streaming copy
+// is cut.
+inline constexpr ZelSize ownsFillProbeAbove = 524288;
+inline constexpr ZelSize ownsSetProbeAbove = 1048576;
+inline constexpr ZelSize ownsCopyProbeFrom = 1048576;
+inline constexpr ZelSize ownsCopyBlock = 262144;
+inline constexpr ZelSize ownsCacheLine = 64;
