@@ -128,9 +128,9 @@ ZelStatus zelsMulC_32f_L(const Zel32f* pSrc, Zel32f val, Zel32f* pDst, ZelSize l
     if (const ZelStatus status = ownsCheck(len, pSrc, pDst); status != zelStatusOk)
         return status;
     if (val == 1)
-        return ownsCopy(pSrc, pDst, len), zelStatusOk;
+        return ownsCopy(pSrc, pDst, len);
     if (val == 0)
-        return ownsZero(pDst, len), zelStatusOk;
+        return ownsZero(pDst, len);
     ownsMap<shapeMulC_32f>(mulConstant(val), pDst, len, pSrc);
     return zelStatusOk;
 }

@@ -134,16 +134,6 @@ ZelSize streamCopy(const Zel8u* pSrc, Zel8u* pDst, ZelSize n)
     return whole;
 }
 
-/// Fills from an aligned address, whole vectors only, past the caches. Returns the bytes done.
-ZelSize streamFill(Bytes value, Zel8u* pDst, ZelSize n)
-{
-    const ZelSize whole = n / vec * vec;
-    for (ZelSize done = 0; done < whole; done += vec)
-        ownsStream(pDst + done, value);
-    _mm_sfence();
-    return whole;
-}
-
 /// The vector with its bytes moved down by `n`, those that fall out coming in at the top.
 Bytes rotated(Bytes value, ZelSize n)
 {
@@ -152,10 +142,9 @@ Bytes rotated(Bytes value, ZelSize n)
     return ownsAs<Zel8u>(_mm_shuffle_epi8(ownsInt(value), ownsInt(from)));
 }
 
-/// Fills `n` bytes with the repeated vector `value`, past the caches if `pastCaches` says so of the count of
-/// bytes left after the first boundary.
-template <class Decision>
-[[gnu::always_inline]] inline void fill(Bytes value, Zel8u* pDst, ZelSize n, Decision pastCaches)
+/// Up to 64 bytes of a repeated value, whole values only: every place that a store begins at is a multiple of
+/// them.
+[[gnu::always_inline]] inline void fillFew(Bytes value, Zel8u* pDst, ZelSize n)
 {
     if (n < vec) {
         if (n > 0)
@@ -163,15 +152,33 @@ template <class Decision>
         return;
     }
     ownsStore(pDst, value);
-    ownsStore(pDst + n - vec, rotated(value, n % vec));
+    ownsStore(pDst + n - vec, value);
+    if (n > 2 * vec) {
+        ownsStore(pDst + vec, value);
+        ownsStore(pDst + n - 2 * vec, value);
+    }
+}
+
+/// More than 64 bytes of a repeated value, past the caches if `counted` bytes pass the rule.
+[[gnu::noinline]] ZelStatus fillMany(Bytes value, Zel8u* pDst, ZelSize n, OwnsFillRule rule, ZelSize counted)
+{
+    // A destination that is not aligned to its elements meets the boundary in the midst of one.
     const ZelSize skip = upToBoundary(pDst);
     const Bytes body = rotated(value, skip);
-    Zel8u* p = pDst + skip;
-    if (pastCaches(n - skip)) {
-        streamFill(body, p, n - skip);
-        return;
-    }
     Zel8u* const pEnd = pDst + n;
+    Zel8u* p = pDst + skip;
+    ownsStore(pDst, value);
+    ownsStore(pEnd - vec, value);
+    if (counted > rule.probeAbove) {
+        const Zel64u cache = zelsCacheProbe();
+        const auto bytes = static_cast<Zel64u>(counted);
+        if (bytes > cache || (rule.fromCacheSize && bytes == cache)) {
+            for (; p + vec <= pEnd; p += vec)
+                ownsStream(p, body);
+            _mm_sfence();
+            return zelStatusOk;
+        }
+    }
     for (; p + round <= pEnd; p += round) {
         ownsStore(p, body);
         ownsStore(p + vec, body);
@@ -180,34 +187,45 @@ template <class Decision>
     }
     for (; p + vec <= pEnd; p += vec)
         ownsStore(p, body);
+    return zelStatusOk;
+}
+
+/// Copies that are long enough to ask for the cache size.
+[[gnu::noinline]] ZelStatus copyMany(const Zel8u* pSrc, Zel8u* pDst, ZelSize n)
+{
+    const ZelSize skip = upToBoundary(pDst);
+    const ZelSize left = n - skip;
+    // A source that becomes aligned together with a misaligned destination stays with the caches.
+    const bool alignedTogether = skip != 0 && upToBoundary(pSrc + skip) == 0;
+    if (left >= ownsCopyProbeFrom && !alignedTogether) {
+        const Zel64u cache = zelsCacheProbe();
+        if (cache != ownsNoCacheSize && static_cast<Zel64u>(left) >= cache / 2) {
+            moveFew(pSrc, pDst, skip);
+            const ZelSize done = skip + streamCopy(pSrc + skip, pDst + skip, left);
+            moveFew(pSrc + done, pDst + done, n - done);
+            return zelStatusOk;
+        }
+    }
+    moveForward(pSrc, pDst, n);
+    return zelStatusOk;
 }
 
 } // namespace
 
-void ownsCopyBytes(const void* pSource, void* pDestination, ZelSize bytes)
+ZelStatus ownsCopyBytes(const void* pSource, void* pDestination, ZelSize bytes)
 {
     const auto* pSrc = static_cast<const Zel8u*>(pSource);
     auto* pDst = static_cast<Zel8u*>(pDestination);
     if (bytes <= round)
-        return moveFew(pSrc, pDst, bytes);
-    if (bytes >= ownsCopyProbeFrom) {
-        const ZelSize skip = upToBoundary(pDst);
-        const ZelSize left = bytes - skip;
-        // A source that becomes aligned together with a misaligned destination stays with the caches.
-        const bool alignedTogether = skip != 0 && upToBoundary(pSrc + skip) == 0;
-        if (left >= ownsCopyProbeFrom && !alignedTogether) {
-            const Zel64u cache = zelsCacheProbe();
-            if (cache != ownsNoCacheSize && static_cast<Zel64u>(left) >= cache / 2) {
-                moveFew(pSrc, pDst, skip);
-                const ZelSize done = skip + streamCopy(pSrc + skip, pDst + skip, left);
-                return moveFew(pSrc + done, pDst + done, bytes - done);
-            }
-        }
-    }
-    moveForward(pSrc, pDst, bytes);
+        moveFew(pSrc, pDst, bytes);
+    else if (bytes < ownsCopyProbeFrom)
+        moveForward(pSrc, pDst, bytes);
+    else
+        return copyMany(pSrc, pDst, bytes);
+    return zelStatusOk;
 }
 
-void ownsMoveBytes(const void* pSource, void* pDestination, ZelSize bytes)
+ZelStatus ownsMoveBytes(const void* pSource, void* pDestination, ZelSize bytes)
 {
     const auto* pSrc = static_cast<const Zel8u*>(pSource);
     auto* pDst = static_cast<Zel8u*>(pDestination);
@@ -217,23 +235,24 @@ void ownsMoveBytes(const void* pSource, void* pDestination, ZelSize bytes)
         moveBackward(pSrc, pDst, bytes);
     else if (pSrc > pDst)
         moveForward(pSrc, pDst, bytes);
+    return zelStatusOk;
 }
 
-void ownsZeroBytes(void* pDst, ZelSize bytes)
+ZelStatus ownsZeroBytes(void* pDestination, ZelSize bytes)
 {
-    fill(Bytes{}, static_cast<Zel8u*>(pDst), bytes, [](ZelSize left) {
-        return left > ownsFillProbeAbove && static_cast<Zel64u>(left) >= zelsCacheProbe();
-    });
+    auto* pDst = static_cast<Zel8u*>(pDestination);
+    if (bytes > round)
+        return fillMany(Bytes{}, pDst, bytes, ownsFillRule8, bytes - upToBoundary(pDst));
+    fillFew(Bytes{}, pDst, bytes);
+    return zelStatusOk;
 }
 
-void ownsSetBytes(OwnsVec<Zel8u> value, int width, void* pDst, ZelSize len)
+ZelStatus ownsSetBytes(OwnsVec<Zel8u> value, int width, void* pDestination, ZelSize len)
 {
+    auto* pDst = static_cast<Zel8u*>(pDestination);
     const ZelSize bytes = len * width;
-    fill(value, static_cast<Zel8u*>(pDst), bytes, [=](ZelSize) {
-        if (bytes <= (width == 1 ? ownsFillProbeAbove : ownsSetProbeAbove))
-            return false;
-        // Single bytes stream from the size of the cache on, wider elements only above it.
-        const Zel64u cache = zelsCacheProbe();
-        return static_cast<Zel64u>(bytes) > cache || (width == 1 && static_cast<Zel64u>(bytes) == cache);
-    });
+    if (bytes > round)
+        return fillMany(value, pDst, bytes, width == 1 ? ownsFillRule8 : ownsFillRuleWider, bytes);
+    fillFew(value, pDst, bytes);
+    return zelStatusOk;
 }

@@ -1,40 +1,40 @@
 // Bulk memory: copy, move, fill and clear of bytes, with 64-bit counts.
 //
 // The exported Copy, Move, Set and Zero stand on these, and so does every other family that copies or clears
-// a whole vector. Counts of 0 are allowed here.
+// a whole vector. Counts of 0 and below do nothing. All return zelStatusOk, so that an entry can end in them.
 #pragma once
 
 #include "frame/vec.h"
 
 /// Copies `bytes` bytes between arrays that do not overlap.
-void ownsCopyBytes(const void* pSrc, void* pDst, ZelSize bytes);
+ZelStatus ownsCopyBytes(const void* pSrc, void* pDst, ZelSize bytes);
 
 /// Copies `bytes` bytes between arrays that may overlap.
-void ownsMoveBytes(const void* pSrc, void* pDst, ZelSize bytes);
+ZelStatus ownsMoveBytes(const void* pSrc, void* pDst, ZelSize bytes);
 
 /// Clears `bytes` bytes.
-void ownsZeroBytes(void* pDst, ZelSize bytes);
+ZelStatus ownsZeroBytes(void* pDst, ZelSize bytes);
 
 /// Fills `len` elements of `width` bytes (1, 2, 4, 8 or 16) with the repeated value that `value` holds.
-void ownsSetBytes(OwnsVec<Zel8u> value, int width, void* pDst, ZelSize len);
+ZelStatus ownsSetBytes(OwnsVec<Zel8u> value, int width, void* pDst, ZelSize len);
 
 /// Fills `len` elements with the bit pattern of `val`.
 template <class T>
-inline void ownsSet(T val, T* pDst, ZelSize len)
+inline ZelStatus ownsSet(T val, T* pDst, ZelSize len)
 {
-    ownsSetBytes(ownsAs<Zel8u>(ownsSplat(val)), static_cast<int>(sizeof(T)), pDst, len);
+    return ownsSetBytes(ownsAs<Zel8u>(ownsSplat(val)), static_cast<int>(sizeof(T)), pDst, len);
 }
 
 /// Copies `len` elements; the long and the internal forms count in 64 bits and never wrap.
 template <class T>
-inline void ownsCopy(const T* pSrc, T* pDst, ZelSize len)
+inline ZelStatus ownsCopy(const T* pSrc, T* pDst, ZelSize len)
 {
-    ownsCopyBytes(pSrc, pDst, len * static_cast<ZelSize>(sizeof(T)));
+    return ownsCopyBytes(pSrc, pDst, len * static_cast<ZelSize>(sizeof(T)));
 }
 
 /// Clears `len` elements.
 template <class T>
-inline void ownsZero(T* pDst, ZelSize len)
+inline ZelStatus ownsZero(T* pDst, ZelSize len)
 {
-    ownsZeroBytes(pDst, len * static_cast<ZelSize>(sizeof(T)));
+    return ownsZeroBytes(pDst, len * static_cast<ZelSize>(sizeof(T)));
 }

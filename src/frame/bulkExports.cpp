@@ -19,8 +19,7 @@ ZelStatus copy(const T* pSrc, T* pDst, int len)
 {
     if (const ZelStatus status = ownsCheck(len, pSrc, pDst); status != zelStatusOk)
         return status;
-    ownsCopyBytes(pSrc, pDst, byteCount<T>(len));
-    return zelStatusOk;
+    return ownsCopyBytes(pSrc, pDst, byteCount<T>(len));
 }
 
 template <class T>
@@ -28,8 +27,7 @@ ZelStatus move(const T* pSrc, T* pDst, int len)
 {
     if (const ZelStatus status = ownsCheck(len, pSrc, pDst); status != zelStatusOk)
         return status;
-    ownsMoveBytes(pSrc, pDst, static_cast<Zel32s>(byteCount<T>(len)));
-    return zelStatusOk;
+    return ownsMoveBytes(pSrc, pDst, static_cast<Zel32s>(byteCount<T>(len)));
 }
 
 template <class T>
@@ -37,8 +35,7 @@ ZelStatus set(T val, T* pDst, int len)
 {
     if (const ZelStatus status = ownsCheck(len, pDst); status != zelStatusOk)
         return status;
-    ownsSet(val, pDst, len);
-    return zelStatusOk;
+    return ownsSet(val, pDst, len);
 }
 
 template <class T>
@@ -46,8 +43,7 @@ ZelStatus zero(T* pDst, int len)
 {
     if (const ZelStatus status = ownsCheck(len, pDst); status != zelStatusOk)
         return status;
-    ownsZeroBytes(pDst, static_cast<Zel32s>(byteCount<T>(len)));
-    return zelStatusOk;
+    return ownsZeroBytes(pDst, static_cast<Zel32s>(byteCount<T>(len)));
 }
 
 } // namespace
@@ -77,8 +73,7 @@ ZelStatus zelsCopy_32s(const Zel32s* pSrc, Zel32s* pDst, int len)
 {
     if (const ZelStatus status = ownsCheck(len, pSrc, pDst); status != zelStatusOk)
         return status;
-    ownsCopy(pSrc, pDst, len);
-    return zelStatusOk;
+    return ownsCopy(pSrc, pDst, len);
 }
 ZelStatus zelsCopy_32sc(const Zel32sc* pSrc, Zel32sc* pDst, int len)
 {

@@ -35,17 +35,14 @@ constexpr ZelCacheDescriptor ZelCacheDescriptorTable[]{
 
 } // namespace
 
-Zel64u ownsReportedCacheSize(const OwnsCacheReport& report)
+Zel64u ownsDescribedCacheSize(const std::uint32_t (&leaf2)[4])
 {
-    for (int i = 0; i < 3; i++)
-        if (report.vendor[i] != describingVendor[i])
-            return ownsNoCacheSize;
-    // The lowest byte counts how often the leaf must be asked; every processor says 1.
-    if ((report.leaf2[0] & 0xFF) != 1)
+    // The lowest byte counts how often the leaf must be asked; every processor that fills it says 1.
+    if ((leaf2[0] & 0xFF) != 1)
         return ownsNoCacheSize;
-    Zel8u bytes[sizeof report.leaf2];
+    Zel8u bytes[sizeof leaf2];
     int count = 0;
-    for (const std::uint32_t reg : report.leaf2)
+    for (const std::uint32_t reg : leaf2)
         if ((reg >> 31) == 0) // bit 31 set: the register holds nothing
             for (int k = 0; k < 4; k++)
                 bytes[count++] = static_cast<Zel8u>(reg >> (8 * k));
@@ -56,11 +53,22 @@ Zel64u ownsReportedCacheSize(const OwnsCacheReport& report)
     return ownsNoCacheSize;
 }
 
+bool ownsDescribesCaches(const std::uint32_t (&vendor)[3])
+{
+    return vendor[0] == describingVendor[0] && vendor[1] == describingVendor[1] &&
+           vendor[2] == describingVendor[2];
+}
+
 Zel64u zelsCacheProbe()
 {
-    OwnsCacheReport report;
+    // The vendor decides, but it is asked last: where leaf 2 names no size anyway, one slow CPUID is enough.
+    std::uint32_t leaf2[4];
+    __cpuid(2, leaf2[0], leaf2[1], leaf2[2], leaf2[3]);
+    const Zel64u size = ownsDescribedCacheSize(leaf2);
+    if (size == ownsNoCacheSize)
+        return ownsNoCacheSize;
     std::uint32_t highestLeaf;
-    __cpuid(0, highestLeaf, report.vendor[0], report.vendor[2], report.vendor[1]);
-    __cpuid(2, report.leaf2[0], report.leaf2[1], report.leaf2[2], report.leaf2[3]);
-    return ownsReportedCacheSize(report);
+    std::uint32_t vendor[3];
+    __cpuid(0, highestLeaf, vendor[0], vendor[2], vendor[1]);
+    return ownsDescribesCaches(vendor) ? size : ownsNoCacheSize;
 }

@@ -47,10 +47,16 @@ inline constexpr OwnsShape shapeMulC_32fc{5, 65539};
 inline constexpr OwnsShape shapeMulC_32fc_I{5, 131073};
 inline constexpr OwnsShape shapeAdd_16s32f{1, 262151};
 
-// Bulk memory, in bytes: from where on the size of the largest cache is asked for, and how a streaming copy
-// is cut.
-inline constexpr ZelSize ownsFillProbeAbove = 524288;
-inline constexpr ZelSize ownsSetProbeAbove = 1048576;
+/// When a fill bypasses the caches: above a count of bytes the size of the largest cache is asked for, and
+/// the count must be above that too, or reach it.
+struct OwnsFillRule {
+    ZelSize probeAbove;
+    bool fromCacheSize;
+};
+inline constexpr OwnsFillRule ownsFillRule8{524288, true};       // zero bytes, and single bytes of any value
+inline constexpr OwnsFillRule ownsFillRuleWider{1048576, false}; // elements of two bytes and more
+
+// A copy asks from a mebibyte on, streams from half the cache on, and does so in blocks.
 inline constexpr ZelSize ownsCopyProbeFrom = 1048576;
 inline constexpr ZelSize ownsCopyBlock = 262144;
 inline constexpr ZelSize ownsCacheLine = 64;
