@@ -8,6 +8,12 @@ set(ZELS_LIBRARY_OPTIONS
     -fno-exceptions -fno-rtti -fno-threadsafe-statics -fno-asynchronous-unwind-tables
     -fvisibility=hidden -fvisibility-inlines-hidden)
 
+# Two of g++'s habits cost short vectors several instructions a call: recomputing a loop's counter behind it in closed
+# form, and joining the null tests of an entry by setcc instead of branching on each.
+if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+    list(APPEND ZELS_LIBRARY_OPTIONS -fno-tree-scev-cprop --param=logical-op-non-short-circuit=0)
+endif()
+
 set(ZELS_WARNINGS -Wall -Wextra -Wconversion -Wshadow)
 if(ZELS_WERROR)
     list(APPEND ZELS_WARNINGS -Werror)

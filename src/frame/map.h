@@ -5,27 +5,50 @@
 #include "frame/vec.h"
 #include "frame/zelsKernelConventions.h"
 
-// An operation is a callable that takes one argument for each source and gives a destination vector. For
-// destinations of real floats it takes single elements as well, and peel and tail run it on these; a generic
-// lambda serves both. All other destinations peel and end with partly filled vectors, so that one definition
-// is enough. A source narrower than the destination arrives in the low lanes of its vector, a wider one as
-// OwnsVecs: see ownsTake.
+// An operation is a callable that takes one vector for each source and gives a destination vector. Peel and
+// tail run it on partly filled vectors, so that one definition is enough. A source narrower than the
+// destination arrives in the low lanes of its vector, a wider one as OwnsVecs: see ownsTake.
+
+/// Marks an operation whose vectors estimate what single elements compute truly: it has a form for single
+/// elements too, and short vectors, peel and tail take that one.
+template <class Op>
+concept OwnsEstimates = requires
+{
+    typename Op::Estimates;
+};
 
 namespace owns_detail {
 
-template <class D>
-inline constexpr bool singleElements = std::is_floating_point_v<D>;
-
+/// Fewer elements than a vector has lanes.
 template <class Op, class D, class... S>
 [[gnu::always_inline]] inline void few(Op& op, D* pDst, int n, const S*... pSrc)
 {
-    if constexpr (singleElements<D>) {
+    if constexpr (OwnsEstimates<Op>) {
         for (int i = 0; i < n; i++)
             ownsPut(pDst + i, op(ownsGet(pSrc + i)...));
-    } else if constexpr (ownsLanes<D> > 1) {
+    } else if constexpr (ownsLanes<D> == 2) {
+        if (n > 0)
+            ownsStorePart(pDst, op(ownsTakePart<D>(pSrc, 1)...), 1);
+    } else if constexpr (ownsLanes<D> == 4) {
+        // By the bits of the count: branches that a caller's usual length teaches the processor.
+        if (n & 1)
+            ownsStorePart(pDst, op(ownsTakePart<D>(pSrc, 1)...), 1);
+        if (n & 2) {
+            const int at = n & 1;
+            ownsStorePart(pDst + at, op(ownsTakePart<D>(pSrc + at, 2)...), 2);
+        }
+    } else if constexpr (ownsLanes<D> > 4) {
         if (n > 0)
             ownsStorePart(pDst, op(ownsTakePart<D>(pSrc, n)...), n);
     }
+}
+
+/// Elements up to the next vector boundary, or -1 where single elements do not lead to one.
+template <class D>
+[[gnu::always_inline]] inline int peelCount(const D* pDst)
+{
+    const auto ahead = static_cast<unsigned>(-reinterpret_cast<std::uintptr_t>(pDst) % ownsVecBytes);
+    return ahead % sizeof(D) == 0 ? static_cast<int>(ahead / sizeof(D)) : -1;
 }
 
 } // namespace owns_detail
@@ -36,33 +59,36 @@ template <OwnsShape shape, class Op, class D, class... S>
 [[gnu::always_inline]] inline void ownsMap(Op op, D* pDst, ZelSize len, const S*... pSrc)
 {
     constexpr int lanes = ownsLanes<D>;
+    if constexpr (OwnsEstimates<Op>)
+        if (len < shape.cut)
+            return owns_detail::few(op, pDst, static_cast<int>(len), pSrc...);
     ZelSize i = 0;
     if (len >= shape.cut) {
-        bool aligned = false;
-        const auto offset = reinterpret_cast<std::uintptr_t>(pDst) % ownsVecBytes;
-        if (offset % sizeof(D) == 0) {
-            aligned = true;
-            if (offset != 0) {
-                const ZelSize whole = static_cast<ZelSize>((ownsVecBytes - offset) / sizeof(D));
-                const ZelSize peel = whole < len ? whole : len;
-                owns_detail::few(op, pDst, static_cast<int>(peel), pSrc...);
+        if (len >= ownsPeelFrom / static_cast<ZelSize>(sizeof(D))) {
+            const int peel = owns_detail::peelCount(pDst);
+            if (peel > 0) {
+                owns_detail::few(op, pDst, peel, pSrc...);
                 i = peel;
             }
-        }
-        if (shape.streamAbove != INT64_MAX && aligned && len - i > shape.streamAbove) {
-            for (; i + 2 * lanes <= len; i += 2 * lanes) {
-                ownsStream(pDst + i, op(ownsTake<D>(pSrc + i)...));
-                ownsStream(pDst + i + lanes, op(ownsTake<D>(pSrc + i + lanes)...));
-            }
-        } else {
-            for (; i + 2 * lanes <= len; i += 2 * lanes) {
-                ownsStore(pDst + i, op(ownsTake<D>(pSrc + i)...));
-                ownsStore(pDst + i + lanes, op(ownsTake<D>(pSrc + i + lanes)...));
+            if (shape.streamAbove != INT64_MAX && peel >= 0 && len - i > shape.streamAbove) {
+                for (; i <= len - 2 * lanes; i += 2 * lanes) {
+                    ownsStream(pDst + i, op(ownsTake<D>(pSrc + i)...));
+                    ownsStream(pDst + i + lanes, op(ownsTake<D>(pSrc + i + lanes)...));
+                }
             }
         }
+        for (; i <= len - 2 * lanes; i += 2 * lanes) {
+            ownsStore(pDst + i, op(ownsTake<D>(pSrc + i)...));
+            ownsStore(pDst + i + lanes, op(ownsTake<D>(pSrc + i + lanes)...));
+        }
+        if (i <= len - lanes) {
+            ownsStore(pDst + i, op(ownsTake<D>(pSrc + i)...));
+            i += lanes;
+        }
+    } else {
+        for (; i <= len - lanes; i += lanes)
+            ownsStore(pDst + i, op(ownsTake<D>(pSrc + i)...));
     }
-    for (; i + lanes <= len; i += lanes)
-        ownsStore(pDst + i, op(ownsTake<D>(pSrc + i)...));
     owns_detail::few(op, pDst + i, static_cast<int>(len - i), (pSrc + i)...);
 }
 

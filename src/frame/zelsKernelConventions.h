@@ -21,6 +21,9 @@ struct OwnsShape {
     ZelSize streamAbove = INT64_MAX; ///< elements left after the peel above which the body streams
 };
 
+/// Bytes of destination from which on the peel pays: below, a few stores that straddle cache lines cost less.
+inline constexpr ZelSize ownsPeelFrom = 512;
+
 /// A limit given in rounds of two elements: more than `rounds` whole rounds must be left.
 constexpr ZelSize ownsRounds64fc(ZelSize rounds)
 {
