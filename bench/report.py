@@ -1,0 +1,95 @@
+#!/usr/bin/env python3
+"""Merges the results of benchmark programs into docs/performance.md, a section for each family.
+
+    bench/report.py [-o docs/performance.md] [--command TEXT] RESULTS.json...
+
+A family that is measured again replaces its section; all others stay. TEXT stands in the document as the command
+that made the figures, in place of the programs' own command lines.
+"""
+import argparse
+import json
+import math
+import pathlib
+import re
+import sys
+
+HEAD = """# Performance
+
+Each function is measured beside what a user would take instead: in the same run, in turns of about a millisecond.
+The first line of a function is its own time; the lines of its peers are ratios, the peer's time over that of zels,
+so that **above 1 zels is faster**. Ratios of one run are to be trusted to a few per cent; times drift with the machine.
+"-O3 loop" is the same loop as the compiler makes it at `-O3 -msse4.2`. zels uses 128-bit vectors; a peer that uses
+wider ones is named so. `-` means that there is no such peer. Arrays lie in the nearest cache that holds them.
+"""
+
+
+def length_text(n):
+    return f"{n >> 20} Mi" if n >= 1 << 20 and n % (1 << 20) == 0 else f"{n:,}"
+
+
+def figure(x):
+    return f"{x:.3g}" if x < 100 else f"{x:.0f}"
+
+
+def table(functions, lengths):
+    """Lines for functions that were measured at the same lengths."""
+    yield "| Function | | " + " | ".join(length_text(n) for n in lengths) + " |"
+    yield "|---|---|" + "--:|" * len(lengths)
+    for function, rows in functions.items():
+        own = {n: row["results"][0]["ns"] for n, row in rows.items()}
+        lines = [("ns/element", {n: figure(own[n] / n) for n in own})]
+        for key, unit in (("bytes", "GB/s"), ("flops", "GFLOP/s")):
+            if any(row[key] for row in rows.values()):
+                lines.append((unit, {n: figure(rows[n][key] * n / own[n]) for n in own}))
+        peers = dict.fromkeys(r["name"] for row in rows.values() for r in row["results"][1:])
+        for peer in peers:
+            ratios = {n: r["ratio"] for n, row in rows.items() for r in row["results"][1:] if r["name"] == peer}
+            lines.append((peer, {n: f"**{ratio:.2f}**" for n, ratio in ratios.items()}))
+        for k, (label, cells) in enumerate(lines):
+            name = f"`{function}`" if k == 0 else ""
+            yield f"| {name} | {label} | " + " | ".join(cells.get(n, "-") for n in lengths) + " |"
+
+
+def section(rows):
+    functions = {}
+    for row in rows:
+        functions.setdefault(row["function"], {})[row["length"]] = row
+    groups = {}
+    for function, by_length in functions.items():
+        groups.setdefault(tuple(by_length), {})[function] = by_length
+    for lengths, group in groups.items():
+        yield from table(group, lengths)
+        yield ""
+    for peer in dict.fromkeys(r["name"] for row in rows for r in row["results"][1:]):
+        ratios = [r["ratio"] for row in rows for r in row["results"][1:] if r["name"] == peer]
+        mean = math.exp(sum(map(math.log, ratios)) / len(ratios))
+        yield f"- Against {peer}: geometric mean **{mean:.2f}**, lowest {min(ratios):.2f}, {len(ratios)} rows"
+
+
+def main():
+    parser = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
+    parser.add_argument("-o", "--output", type=pathlib.Path,
+                        default=pathlib.Path(__file__).resolve().parent.parent / "docs" / "performance.md")
+    parser.add_argument("--command")
+    parser.add_argument("results", nargs="+", type=pathlib.Path)
+    options = parser.parse_args()
+
+    sections = {}
+    if options.output.exists():
+        for part in re.split(r"^(?=## )", options.output.read_text(), flags=re.M)[1:]:
+            sections[part.split("\n", 1)[0]] = part.rstrip() + "\n"
+    for path in options.results:
+        data = json.loads(path.read_text())
+        for family in dict.fromkeys(row["family"] for row in data["rows"]):
+            heading = f"## {data['subsystem']}: {family}"
+            origin = (f"{data['date']}, {data['processor']} ({data['caches']}), peers by {data['compiler']}, "
+                      f"`{options.command or data['command']}`")
+            lines = section([row for row in data["rows"] if row["family"] == family])
+            sections[heading] = "\n".join([heading, "", origin, "", *lines]) + "\n"
+    options.output.parent.mkdir(parents=True, exist_ok=True)
+    options.output.write_text("\n".join([HEAD, *(sections[heading] for heading in sorted(sections))]))
+    return 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())
