@@ -1,0 +1,65 @@
+#include "envelope.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace support {
+
+double Column::rms() const
+{
+    return samples > 0 ? std::sqrt(energy / static_cast<double>(samples)) : 0;
+}
+
+Envelope::Envelope(long long frames, int channels, int maxColumns)
+    : frames_(frames), channels_(channels),
+      columns_(static_cast<size_t>(std::min<long long>(frames, maxColumns)))
+{
+}
+
+void Envelope::add(const Zel32f* samples, int frames)
+{
+    const long long count = static_cast<long long>(columns_.size());
+    while (frames > 0) {
+        const long long index = done_ * count / frames_;
+        const long long columnEnd = ((index + 1) * frames_ + count - 1) / count;
+        const int piece = static_cast<int>(std::min<long long>(frames, columnEnd - done_));
+        const Column part = measured(samples, piece);
+        Column& column = columns_[static_cast<size_t>(index)];
+        column.low = column.samples == 0 ? part.low : std::min(column.low, part.low);
+        column.high = column.samples == 0 ? part.high : std::max(column.high, part.high);
+        column.energy += part.energy;
+        column.samples += part.samples;
+        column.clipped += part.clipped;
+        clipped_ += part.clipped;
+        done_ += piece;
+        samples += static_cast<long long>(piece) * channels_;
+        frames -= piece;
+    }
+}
+
+Column Envelope::measured(const Zel32f* samples, int frames)
+{
+    const int count = frames * channels_;
+    float low = samples[0], high = samples[0];
+    double energy = 0;
+    long long clipped = 0;
+    for (int i = 0; i < count; i++) {
+        const float x = samples[i];
+        low = std::min(low, x);
+        high = std::max(high, x);
+        energy += static_cast<double>(x) * static_cast<double>(x);
+        // Rounding to nearest, ties to even, takes 32767.5 out of the range, and -32768.5 into it.
+        clipped += x >= 32767.5f || x < -32768.5f;
+    }
+    if (const float peak = std::max(high, -low); peak > peak_) {
+        int at = 0;
+        while (std::fabs(samples[at]) != peak)
+            at++;
+        peak_ = peak;
+        peakFrame_ = done_ + at / channels_;
+    }
+    constexpr double square = double{fullScale} * fullScale;
+    return {low / fullScale, high / fullScale, energy / square, count, clipped};
+}
+
+} // namespace support
