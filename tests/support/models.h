@@ -1,0 +1,73 @@
+// Pieces that models are made of: the definitions, in wider arithmetic.
+#pragma once
+
+#include "support/element.h"
+
+#include <algorithm>
+#include <limits>
+
+namespace support {
+
+using Wide = __int128;
+
+/// Into the range of an integer type.
+template <class T>
+constexpr T saturated(Wide x)
+{
+    using Limits = std::numeric_limits<T>;
+    return static_cast<T>(std::clamp<Wide>(x, Limits::min(), Limits::max()));
+}
+
+/// floor(x / 2^shift) plus 1 where the rest is above one half, or is one half and the floor odd; shift up to
+/// 126.
+constexpr Wide shiftedToEven(Wide x, int shift)
+{
+    if (shift <= 0)
+        return x;
+    const Wide whole = x >> shift;
+    const Wide rest = x - (whole << shift);
+    const Wide half = Wide{1} << (shift - 1);
+    return whole + (rest > half || (rest == half && (whole & 1) != 0));
+}
+
+/// x times 2^-scaleFactor, to nearest, ties to even, saturated: the rule of the scaled forms. |x| below
+/// 2^126.
+template <class T>
+constexpr T scaled(Wide x, int scaleFactor)
+{
+    if (scaleFactor >= 0)
+        return scaleFactor > 126 ? T{0} : saturated<T>(shiftedToEven(x, scaleFactor));
+    if (x == 0)
+        return 0;
+    for (int i = 0; i > scaleFactor; i--) {
+        x *= 2;
+        if (x > std::numeric_limits<T>::max() || x < std::numeric_limits<T>::min())
+            break;
+    }
+    return saturated<T>(x);
+}
+
+/// The definition of complex multiplication, each step rounded.
+template <Complex C>
+constexpr C complexProduct(C a, C b)
+{
+    const auto p1 = a.re * b.re;
+    const auto p2 = a.im * b.re;
+    const auto p3 = a.im * b.im;
+    const auto p4 = a.re * b.im;
+    return {p1 - p3, p2 + p4};
+}
+
+} // namespace support
+
+// Models are generic over real and complex elements.
+template <support::Complex C>
+constexpr C operator+(C a, C b)
+{
+    return {static_cast<support::Part<C>>(a.re + b.re), static_cast<support::Part<C>>(a.im + b.im)};
+}
+template <support::Complex C>
+constexpr C operator-(C a, C b)
+{
+    return {static_cast<support::Part<C>>(a.re - b.re), static_cast<support::Part<C>>(a.im - b.im)};
+}
