@@ -17,10 +17,11 @@
  *  | Suffix | Meaning for the argument list |
  *  |---|---|
  *  | none | sources, destination, length, further scalars |
- *  | `_I` | in place: one source and the destination are the same array and one argument, in the
- * destination's place | | `_Sfs` | a scale factor is the last argument: the exact result is multiplied by
- * 2^(-scaleFactor), rounded to nearest, ties to even, and saturated | | `_ISfs` | both | | `_L` | the length
- * is a 64-bit #ZelSize | | `_P` | several channels: arrays of pointers, and a channel count |
+ *  | `_I` | in place: one source and the destination are the same array and one argument, in the destination's place |
+ *  | `_Sfs` | a scale factor is the last argument: the exact result is multiplied by 2^(-scaleFactor), rounded to nearest, ties to even, and saturated |
+ *  | `_ISfs` | both |
+ *  | `_L` | the length is a 64-bit #ZelSize |
+ *  | `_P` | several channels: arrays of pointers, and a channel count |
  *
  *  A base name that ends in `C` takes a scalar constant by value in place of the second array.
  *

@@ -6,6 +6,7 @@
 
 #include <stdint.h>
 
+/** Marks an exported function; the library is built with hidden visibility. */
 #define ZELCORE_API __attribute__((visibility("default")))
 
 #ifdef __cplusplus
