@@ -262,7 +262,7 @@ Picture draw(const std::list<Source>& sources, const Envelope& outline, long lon
     const double laneHeight = std::clamp(12000 / count - 30, 1.0, 104.0), mixHeight = 168, gap = 34,
                  head = 76;
     const double pitch = std::min(laneHeight + gap, 30000 / count);
-    Picture picture(80 + plotWidth + 30, static_cast<int>(head + pitch * count + gap + mixHeight + 58));
+    Picture picture(80 + plotWidth + 30, static_cast<int>(head + pitch * count + gap + mixHeight + 24));
     const double seconds = static_cast<double>(frames) / first.rate();
     const std::vector<Tick> times = timeTicks(seconds, 14);
     const double range = laneRange(sources, outline);

@@ -18,6 +18,8 @@ OutputFile::OutputFile(const std::string& path) : path_(path)
     const auto refuse = [&](const char* reason) -> Failure {
         return Failure(text("%s: cannot write: %s", path.c_str(), reason));
     };
+    if (path.empty())
+        throw refuse("the name is empty");
     std::error_code error;
     const fs::file_status existing = fs::status(path, error);
     if (fs::is_directory(existing))
@@ -35,8 +37,8 @@ OutputFile::OutputFile(const std::string& path) : path_(path)
     temporary_ =
         (target.parent_path() / text(".zels-%ld-%d.part", static_cast<long>(::getpid()), number++)).string();
     const int file = ::open(temporary_.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
-    if (path.empty() || file < 0)
-        throw refuse(std::strerror(path.empty() ? ENOENT : errno));
+    if (file < 0)
+        throw refuse(std::strerror(errno));
     ::close(file);
     pending_ = true;
 }
@@ -59,7 +61,10 @@ bool sameFile(const std::string& a, const std::string& b)
     std::error_code error;
     if (fs::equivalent(a, b, error))
         return true;
-    return fs::weakly_canonical(a, error) == fs::weakly_canonical(b, error);
+    const auto place = [&](const std::string& path) {
+        return fs::weakly_canonical(fs::absolute(path, error), error);
+    };
+    return place(a) == place(b);
 }
 
 std::string baseName(const std::string& path)

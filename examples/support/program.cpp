@@ -40,6 +40,7 @@ void ok(ZelStatus status, std::source_location where)
 int runProgram(const char* name, int argc, char** argv, int (*body)(int argc, char** argv))
 {
     nameOfProgram = name;
+    argv[0] = const_cast<char*>(name); // getopt begins its messages with it
     for (const int signal : {SIGINT, SIGTERM, SIGHUP})
         std::signal(signal, [](int) { askedToStop = 1; });
     int status = 1;

@@ -2,8 +2,10 @@
 
 #include <algorithm>
 #include <cerrno>
-#include <cstdio>
+#include <cstdint>
 #include <cstring>
+#include <filesystem>
+#include <fstream>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -18,6 +20,31 @@ std::string formatText(int format)
     info.format = format & SF_FORMAT_SUBMASK;
     sf_command(nullptr, SFC_GET_FORMAT_INFO, &info, sizeof info);
     return info.name != nullptr ? info.name : "another format";
+}
+
+// libsndfile reads a wave file that was cut off as if it were whole, and only its header tells. Sizes near
+// the limits come from programs that wrote to a pipe and never knew the length; they mean "to the end".
+void refuseCutOff(const std::string& path)
+{
+    std::ifstream file(path, std::ios::binary);
+    const auto size = static_cast<std::uint64_t>(std::filesystem::file_size(path));
+    char header[12];
+    if (!file.read(header, 12) || std::memcmp(header, "RIFF", 4) != 0 ||
+        std::memcmp(header + 8, "WAVE", 4) != 0)
+        return;
+    for (std::uint64_t place = 12; file.seekg(static_cast<std::streamoff>(place)) && file.read(header, 8);) {
+        std::uint32_t bytes;
+        std::memcpy(&bytes, header + 4, 4);
+        place += 8;
+        if (std::memcmp(header, "data", 4) == 0) {
+            if (bytes < 0x7ff00000 && place + bytes > size)
+                throw Failure(
+                    text("%s: the file is damaged: %u bytes of samples are promised, %llu are there",
+                         path.c_str(), bytes, static_cast<unsigned long long>(size - place)));
+            return;
+        }
+        place += bytes + bytes % 2;
+    }
 }
 
 } // namespace
@@ -37,6 +64,7 @@ Recording::Recording(const std::string& path) : path_(path)
                            formatText(info_.format).c_str()));
     if (info_.frames < 0 || info_.samplerate < 1 || info_.channels < 1)
         throw Failure(text("%s: the file's header makes no sense", path.c_str()));
+    refuseCutOff(path);
 }
 
 void Recording::read(Zel16s* samples, int frames)
