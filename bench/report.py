@@ -15,7 +15,7 @@ import sys
 
 HEAD = """# Performance
 
-Each function is measured beside what a user would take instead: in the same run, in turns of about a millisecond.
+Each function is measured beside what a user would take instead: in the same run, in turns of a tenth of a millisecond.
 The first line of a function is its own time; the lines of its peers are ratios, the peer's time over that of zels,
 so that **above 1 zels is faster**. Ratios of one run are to be trusted to a few per cent; times drift with the machine.
 "-O3 loop" is the same loop as the compiler makes it at `-O3 -msse4.2`. zels uses 128-bit vectors; a peer that uses
