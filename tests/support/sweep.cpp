@@ -58,10 +58,17 @@ GuardedPages& sharedPages(std::size_t index, bool large)
     return pages[index][large];
 }
 
+using Shares = std::array<int, mostPointers>;
+constexpr Shares none = [] {
+    Shares shares{};
+    shares.fill(-1);
+    return shares;
+}();
+
 struct Case {
     ZelSize len = 0;
     Placement placement[mostPointers];
-    int shares[mostPointers]; ///< the pointer whose array this destination is, or -1
+    Shares shares; ///< the earlier-placed pointer whose array this one is too, or -1
     Fill fill[mostPointers];
     unsigned mode = nearestMode;
 };
@@ -105,12 +112,12 @@ class Runner {
         for (ZelSize len = 1; len <= shortest && good(); len++) {
             for (int offset = 0; offset < 16 && good(); offset++)
                 for (int i = 0; i < options.repeats && good(); i++)
-                    offsetCase(len, offset, i % 2 == 0, -1);
+                    offsetCase(len, offset, i % 2 == 0, none);
             for (int i = 0; i < 2 && good(); i++) {
-                flushCase(len, Placement::atEnd, -1);
-                flushCase(len, Placement::atStart, -1);
+                flushCase(len, Placement::atEnd, none);
+                flushCase(len, Placement::atStart, none);
             }
-            eachSharing([&](int share) {
+            eachSharing([&](const Shares& share) {
                 for (int i = 0; i < 4 * options.repeats && good(); i++)
                     offsetCase(len, static_cast<int>(random.below(16)), i % 2 == 0, share);
                 flushCase(len, Placement::atEnd, share);
@@ -138,19 +145,43 @@ class Runner {
         }
     }
 
-    /// Calls body with -1 - ... for each source that a destination may be: the index of the source.
+    /// Calls body with each way in which a destination may be a source of its type: the first destination
+    /// each of them, each destination the source of its own place in the list, and all pointers one array.
     template <class Body>
     void eachSharing(Body body)
     {
-        if (!options.inPlace || destinations.empty() || sources.empty())
+        if (!options.inPlace)
             return;
-        const auto& destination = subject.pointers[static_cast<std::size_t>(destinations[0])];
-        if (destination.single)
-            return;
-        for (const int s : sources)
-            if (subject.pointers[static_cast<std::size_t>(s)].element == destination.element &&
-                unit[s] == unit[destinations[0]] && good())
-                body(s);
+        const auto alike = [&](int a, int b) {
+            const auto& x = subject.pointers[static_cast<std::size_t>(a)];
+            const auto& y = subject.pointers[static_cast<std::size_t>(b)];
+            return x.element == y.element && !x.single && !y.single && unit[a] == unit[b];
+        };
+        Shares all = none;
+        Shares paired = none;
+        int alikeSources = 0;
+        for (std::size_t s = 0; s < sources.size() && !destinations.empty(); s++) {
+            if (!alike(sources[s], destinations[0]))
+                continue;
+            Shares one = none;
+            one[static_cast<std::size_t>(destinations[0])] = sources[s];
+            if (good())
+                body(one);
+            if (alikeSources++ > 0)
+                all[static_cast<std::size_t>(sources[s])] = all[static_cast<std::size_t>(destinations[0])];
+            else
+                all[static_cast<std::size_t>(destinations[0])] = sources[s];
+        }
+        if (alikeSources > 1 && good())
+            body(all);
+        std::size_t pairs = 0;
+        while (pairs < sources.size() && pairs < destinations.size() &&
+               alike(sources[pairs], destinations[pairs])) {
+            paired[static_cast<std::size_t>(destinations[pairs])] = sources[pairs];
+            pairs++;
+        }
+        if (pairs > 1 && good())
+            body(paired);
     }
 
     void longCases(ZelSize len, int repeats)
@@ -158,32 +189,30 @@ class Runner {
         if (len < 1)
             return;
         for (int i = 0; i < repeats && good(); i++)
-            offsetCase(len, i == 0 ? 0 : static_cast<int>(random.below(16)), i % 4 != 3, -1);
+            offsetCase(len, i == 0 ? 0 : static_cast<int>(random.below(16)), i % 4 != 3, none);
         if (good())
-            flushCase(len, Placement::atEnd, -1);
+            flushCase(len, Placement::atEnd, none);
         if (good())
-            flushCase(len, Placement::atStart, -1);
-        eachSharing([&](int share) {
+            flushCase(len, Placement::atStart, none);
+        eachSharing([&](const Shares& share) {
             offsetCase(len, 0, true, share);
             flushCase(len, Placement::atEnd, share);
         });
     }
 
-    void common(Case& c, ZelSize len, int share)
+    void common(Case& c, ZelSize len, const Shares& share)
     {
         c.len = len;
+        c.shares = share;
         c.mode = modes[static_cast<std::size_t>(random.below(static_cast<std::int64_t>(modes.size())))];
         for (std::size_t k = 0; k < count; k++) {
             c.fill[k] =
                 fills[static_cast<std::size_t>(random.below(static_cast<std::int64_t>(fills.size())))];
-            c.shares[k] = -1;
         }
-        if (share >= 0)
-            c.shares[destinations[0]] = share;
     }
 
     /// The destination at a byte offset from a multiple of 16; the sources anywhere, or in whole elements.
-    void offsetCase(ZelSize len, int offset, bool wholeElements, int share)
+    void offsetCase(ZelSize len, int offset, bool wholeElements, const Shares& share)
     {
         Case c;
         common(c, len, share);
@@ -193,12 +222,14 @@ class Runner {
             c.placement[k] = {random.bits() & 1 ? Placement::atStart : Placement::atEnd,
                               static_cast<int>(random.below(16)) / step * step};
         }
-        const int first = share >= 0 ? share : destinations.empty() ? sources[0] : destinations[0];
-        c.placement[first].offset = offset;
+        int written = destinations.empty() ? sources[0] : destinations[0];
+        if (const int root = share[static_cast<std::size_t>(written)]; root >= 0)
+            written = root;
+        c.placement[written].offset = offset;
         attempt(c);
     }
 
-    void flushCase(ZelSize len, Placement::Edge edge, int share)
+    void flushCase(ZelSize len, Placement::Edge edge, const Shares& share)
     {
         if (!good())
             return;
@@ -244,8 +275,8 @@ class Runner {
         }
         for (std::size_t k = 0; k < count; k++) {
             if (c.shares[k] >= 0) {
-                pointers[k] = pointers[c.shares[k]];
-                data[k] = data[c.shares[k]];
+                pointers[k] = pointers[static_cast<std::size_t>(c.shares[k])];
+                data[k] = data[static_cast<std::size_t>(c.shares[k])];
             }
             inputs[k] = data[k];
         }
@@ -280,7 +311,8 @@ class Runner {
                 return fail("pointer " + std::to_string(k) + ": wrote outside the array, at byte " +
                             std::to_string(at) + " of " + std::to_string(bytes[k]));
             const bool written = std::any_of(destinations.begin(), destinations.end(), [&](int d) {
-                return d == static_cast<int>(k) || c.shares[d] == static_cast<int>(k);
+                return d == static_cast<int>(k) ||
+                       c.shares[static_cast<std::size_t>(d)] == static_cast<int>(k);
             });
             if (!written && std::memcmp(pointers[k], data[k], bytes[k]) != 0)
                 return fail("pointer " + std::to_string(k) + ": wrote to a source");
@@ -417,10 +449,12 @@ SweepReport runSweep(const Subject& subject, const SweepOptions& options)
     return Runner(subject, options).run();
 }
 
-void reportSweep(const Subject& subject, const SweepReport& report)
+SweepReport runAndReport(const Subject& subject, const SweepOptions& options)
 {
+    SweepReport report = runSweep(subject, options);
     if (!report.failure.empty())
         ADD_FAILURE_AT(subject.file, subject.line) << report.failure;
+    return report;
 }
 
 void modelOutOfRange(long double value)

@@ -116,7 +116,7 @@ struct Subject {
 };
 
 SweepReport runSweep(const Subject& subject, const SweepOptions& options);
-void reportSweep(const Subject& subject, const SweepReport& report);
+SweepReport runAndReport(const Subject& subject, const SweepOptions& options);
 
 template <class T>
 struct IsWithStatus : std::false_type {
@@ -372,8 +372,10 @@ struct Adapter<which, ZelStatus(A...), Model, Scalars...> {
                     partValue(elementOf<D>().kind, static_cast<const Part<D>*>(expected.elements) + i), 0};
     }
 
-    static SweepReport run(const char* file, int line, std::string name, ZelStatus (*function)(A...),
-                           const Model& m, const SweepOptions& options, Scalars... values, bool report)
+    /// Makes the subject and hands it on.
+    template <class Use>
+    static auto with(const char* file, int line, std::string name, ZelStatus (*function)(A...),
+                     const Model& m, Use use, Scalars... values)
     {
         const Context context{function, &m, {values...}};
         Subject subject{std::move(name), file, line, {}, modelGivesBounds(), &context, &call, &model};
@@ -385,10 +387,7 @@ struct Adapter<which, ZelStatus(A...), Model, Scalars...> {
              ...);
         }
         (std::make_index_sequence<argumentCount>{});
-        const SweepReport found = runSweep(subject, options);
-        if (report)
-            reportSweep(subject, found);
-        return found;
+        return use(subject);
     }
 };
 
@@ -403,9 +402,10 @@ SweepReport sweep(const Model& model, const Exports<F...>& exports, const SweepO
     SweepReport last;
     [&]<std::size_t... k>(std::index_sequence<k...>)
     {
-        ((last = detail::Adapter<which, std::remove_pointer_t<F>, Model, Scalars...>::run(
+        ((last = detail::Adapter<which, std::remove_pointer_t<F>, Model, Scalars...>::with(
               exports.file, exports.line, nameOf(exports.names, k), std::get<k>(exports.functions), model,
-              options, scalars..., true)),
+              [&](const detail::Subject& subject) { return detail::runAndReport(subject, options); },
+              scalars...)),
          ...);
     }
     (std::index_sequence_for<F...>{});
@@ -423,8 +423,9 @@ requires(!(... || std::is_same_v<Scalars, SweepOptions>)) SweepReport
 template <LengthIs which = LengthIs::last, class Model, class F, class... Scalars>
 SweepReport trySweep(const Model& model, F& function, const SweepOptions& options, Scalars... scalars)
 {
-    return detail::Adapter<which, F, Model, Scalars...>::run("", 0, "function", &function, model, options,
-                                                             scalars..., false);
+    return detail::Adapter<which, F, Model, Scalars...>::with(
+        "", 0, "function", &function, model,
+        [&](const detail::Subject& subject) { return detail::runSweep(subject, options); }, scalars...);
 }
 
 } // namespace support

@@ -4,6 +4,7 @@
 #include "support/badArguments.h"
 #include "support/compare.h"
 #include "support/fill.h"
+#include "support/longMemory.h"
 #include "support/memory.h"
 #include "support/models.h"
 #include "support/modes.h"
