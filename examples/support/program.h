@@ -1,7 +1,6 @@
 // What every example program is made of: failures with a message, status checks, text.
 #pragma once
 
-#include <source_location>
 #include <stdexcept>
 #include <string>
 
@@ -19,7 +18,7 @@ class Failure : public std::runtime_error {
 [[gnu::format(printf, 1, 2)]] std::string text(const char* format, ...);
 
 /// Passes success and warnings of a zels function, throws a Failure on an error.
-void ok(ZelStatus status, std::source_location where = std::source_location::current());
+void ok(ZelStatus status, const char* file = __builtin_FILE(), int line = __builtin_LINE());
 
 /// Runs a program: what `body` returns is the exit status; a Failure is printed behind the program's name,
 /// and the exit status is 1.

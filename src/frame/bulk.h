@@ -7,16 +7,16 @@
 #include "frame/vec.h"
 
 /// Copies `bytes` bytes between arrays that do not overlap.
-ZelStatus ownsCopyBytes(const void* pSrc, void* pDst, ZelSize bytes);
+ZelStatus ownsCopyBytes(const void* pSource, void* pDestination, ZelSize bytes);
 
 /// Copies `bytes` bytes between arrays that may overlap.
-ZelStatus ownsMoveBytes(const void* pSrc, void* pDst, ZelSize bytes);
+ZelStatus ownsMoveBytes(const void* pSource, void* pDestination, ZelSize bytes);
 
 /// Clears `bytes` bytes.
-ZelStatus ownsZeroBytes(void* pDst, ZelSize bytes);
+ZelStatus ownsZeroBytes(void* pDestination, ZelSize bytes);
 
 /// Fills `len` elements of `width` bytes (1, 2, 4, 8 or 16) with the repeated value that `value` holds.
-ZelStatus ownsSetBytes(OwnsVec<Zel8u> value, int width, void* pDst, ZelSize len);
+ZelStatus ownsSetBytes(OwnsVec<Zel8u> value, int width, void* pDestination, ZelSize len);
 
 /// Fills `len` elements with the bit pattern of `val`.
 template <class T>

@@ -58,7 +58,7 @@ template <class D>
 template <OwnsShape shape, class Op, class D, class... S>
 [[gnu::always_inline]] inline void ownsMap(Op op, D* pDst, ZelSize len, const S*... pSrc)
 {
-    constexpr int lanes = ownsLanes<D>;
+    constexpr ZelSize lanes = ownsLanes<D>;
     if constexpr (OwnsEstimates<Op>)
         if (len < shape.cut)
             return owns_detail::few(op, pDst, static_cast<int>(len), pSrc...);

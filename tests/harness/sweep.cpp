@@ -121,14 +121,18 @@ constexpr auto root = [](float x) { return std::sqrt(static_cast<double>(x)); };
 
 ZelStatus meanAndMost(const float* pSrc, int len, float* pMean, float* pMost, int hint)
 {
-    float most = pSrc[0];
+    float most;
+    std::memcpy(&most, pSrc, sizeof most);
     double mean = 0;
     for (int i = 0; i < len; i++) {
-        mean += pSrc[i];
-        most = std::max(most, pSrc[i]);
+        float x;
+        std::memcpy(&x, pSrc + i, sizeof x);
+        mean += x;
+        most = std::max(most, x);
     }
-    *pMean = static_cast<float>(mean / len) + (hint == 9 ? 1 : 0);
-    *pMost = most;
+    const float result = static_cast<float>(mean / len) + (hint == 9 ? 1.0f : 0.0f);
+    std::memcpy(pMean, &result, sizeof result);
+    std::memcpy(pMost, &most, sizeof most);
     return zelStatusOk;
 }
 constexpr auto exactMeanAndMost = [](const float* pSrc, Within* pMean, Within* pMost, ZelSize len, int) {

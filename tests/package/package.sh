@@ -65,15 +65,15 @@ run "C, static" "$work/c-static"
 [[ $(pkg-config --modversion zelcore) == "$(pkg-config --modversion zels)" ]]
 
 echo "CMake"
-cmake -G Ninja -S "$here/outside" -B "$work/outside" -DCMAKE_PREFIX_PATH="$prefix" >/dev/null
-cmake --build "$work/outside" >/dev/null
-for program in c c-static c++ c++-static; do
-    run "$program" "$work/outside/program-$program"
+for language in C CXX; do
+    cmake -G Ninja -S "$here/outside" -B "$work/$language" -DLANGUAGE=$language -DCMAKE_PREFIX_PATH="$prefix" >/dev/null
+    cmake --build "$work/$language" >/dev/null
+    for form in shared static; do
+        run "$language, $form" "$work/$language/$form"
+    done
+    # The static program is static indeed.
+    without libzel "$work/$language/static"
 done
-"$work/outside/companion"
-# The static programs are static indeed, and no C program needs the C++ run-time library.
-for program in c-static c++-static; do
-    without libzel "$work/outside/program-$program"
-done
-without libstdc "$work/outside/program-c"
-without libstdc "$work/outside/program-c-static"
+"$work/C/companion"
+without libstdc "$work/C/shared"
+without libstdc "$work/C/static"

@@ -1,8 +1,9 @@
 // The main program of every test program.
 //
-//   --family=NAME   only the tests in NAME.cpp
-//   --exhaustive    only the tests whose names begin with Exhaustive; without it, all others. The exit status
-//                   is 77 if there is none.
+//   --family=NAME       only the tests in NAME.cpp
+//   --without=PATTERNS  no test that these patterns, as in GoogleTest's filter, match
+//   --exhaustive        only the tests whose names begin with Exhaustive; without it, all others. The exit
+//                       status is 77 if there is none.
 #include "support/current.h"
 #include "support/random.h"
 
@@ -27,10 +28,13 @@ int main(int argc, char** argv)
 {
     testing::InitGoogleTest(&argc, argv);
     std::string family;
+    std::string without;
     bool exhaustive = false;
     for (int i = 1; i < argc; i++) {
         if (std::strncmp(argv[i], "--family=", 9) == 0) {
             family = argv[i] + 9;
+        } else if (std::strncmp(argv[i], "--without=", 10) == 0) {
+            without = argv[i] + 10;
         } else if (std::strcmp(argv[i], "--exhaustive") == 0) {
             exhaustive = true;
         } else {
@@ -59,7 +63,7 @@ int main(int argc, char** argv)
                          family.c_str());
             return exhaustive && inFile ? 77 : 1;
         }
-        testing::GTEST_FLAG(filter) = filter;
+        testing::GTEST_FLAG(filter) = without.empty() ? filter : filter + "-" + without;
     }
 
     std::printf("seed %llu (ZELS_TEST_SEED)\n", static_cast<unsigned long long>(support::testSeed()));
