@@ -63,31 +63,29 @@ template <OwnsShape shape, class Op, class D, class... S>
         if (len < shape.cut)
             return owns_detail::few(op, pDst, static_cast<int>(len), pSrc...);
     ZelSize i = 0;
-    if (len >= shape.cut) {
-        if (len >= ownsPeelFrom / static_cast<ZelSize>(sizeof(D))) {
-            const int peel = owns_detail::peelCount(pDst);
-            if (peel > 0) {
-                owns_detail::few(op, pDst, peel, pSrc...);
-                i = peel;
-            }
-            if (shape.streamAbove != INT64_MAX && peel >= 0 && len - i > shape.streamAbove) {
-                for (; i <= len - 2 * lanes; i += 2 * lanes) {
-                    ownsStream(pDst + i, op(ownsTake<D>(pSrc + i)...));
-                    ownsStream(pDst + i + lanes, op(ownsTake<D>(pSrc + i + lanes)...));
-                }
+    if (len >= ownsPeelFrom / static_cast<ZelSize>(sizeof(D))) [[unlikely]] {
+        const int peel = owns_detail::peelCount(pDst);
+        if (peel > 0) {
+            owns_detail::few(op, pDst, peel, pSrc...);
+            i = peel;
+        }
+        if (shape.streamAbove != INT64_MAX && peel >= 0 && len - i > shape.streamAbove) {
+            for (; i <= len - 2 * lanes; i += 2 * lanes) {
+                ownsStream(pDst + i, op(ownsTake<D>(pSrc + i)...));
+                ownsStream(pDst + i + lanes, op(ownsTake<D>(pSrc + i + lanes)...));
             }
         }
-        for (; i <= len - 2 * lanes; i += 2 * lanes) {
-            ownsStore(pDst + i, op(ownsTake<D>(pSrc + i)...));
-            ownsStore(pDst + i + lanes, op(ownsTake<D>(pSrc + i + lanes)...));
-        }
-        if (i <= len - lanes) {
-            ownsStore(pDst + i, op(ownsTake<D>(pSrc + i)...));
-            i += lanes;
-        }
-    } else {
-        for (; i <= len - lanes; i += lanes)
-            ownsStore(pDst + i, op(ownsTake<D>(pSrc + i)...));
+    }
+    for (; i <= len - 2 * lanes; i += 2 * lanes) {
+        ownsStore(pDst + i, op(ownsTake<D>(pSrc + i)...));
+        ownsStore(pDst + i + lanes, op(ownsTake<D>(pSrc + i + lanes)...));
+    }
+    // Whole rounds are common, and then the tail need not even be prepared.
+    if (i == len)
+        return;
+    if (i <= len - lanes) {
+        ownsStore(pDst + i, op(ownsTake<D>(pSrc + i)...));
+        i += lanes;
     }
     owns_detail::few(op, pDst + i, static_cast<int>(len - i), (pSrc + i)...);
 }

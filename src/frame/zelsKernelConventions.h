@@ -2,8 +2,9 @@
 //
 // A kernel receives pointers that are not null and a length of at least 1, and goes through five stages:
 //
-//   cut     Below a minimum length nothing is gained by aligning: unaligned vectors, then single elements.
-//   peel    Single elements until the destination stands on a 16-byte boundary. A destination that is not
+//   cut     Below a minimum length an operation that estimates in vectors runs on single elements, which it computes
+//           truly. For exact operations the cut shows in no result; they go straight to the body.
+//   peel    From 512 bytes on: elements until the destination stands on a 16-byte boundary. A destination that is not
 //           even aligned to its own element never gets there; it skips the peel and keeps unaligned stores.
 //   body    Rounds of 32 bytes of destination. Sources are read unaligned: on aligned data that costs
 //   nothing. stream  Some kernels write the body with non-temporal stores once the arrays of the call no
