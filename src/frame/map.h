@@ -63,7 +63,7 @@ template <OwnsShape shape, class Op, class D, class... S>
         if (len < shape.cut)
             return owns_detail::few(op, pDst, static_cast<int>(len), pSrc...);
     ZelSize i = 0;
-    if (len >= ownsPeelFrom / static_cast<ZelSize>(sizeof(D))) [[unlikely]] {
+    if (OwnsEstimates<Op> || len >= ownsPeelFrom / static_cast<ZelSize>(sizeof(D))) [[unlikely]] {
         const int peel = owns_detail::peelCount(pDst);
         if (peel > 0) {
             owns_detail::few(op, pDst, peel, pSrc...);
@@ -83,7 +83,7 @@ template <OwnsShape shape, class Op, class D, class... S>
     // Whole rounds are common, and then the tail need not even be prepared.
     if (i == len)
         return;
-    if (i <= len - lanes) {
+    if (!OwnsEstimates<Op> && i <= len - lanes) {
         ownsStore(pDst + i, op(ownsTake<D>(pSrc + i)...));
         i += lanes;
     }

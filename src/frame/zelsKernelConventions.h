@@ -2,23 +2,23 @@
 //
 // A kernel receives pointers that are not null and a length of at least 1, and goes through five stages:
 //
-//   cut     Below a minimum length an operation that estimates in vectors runs on single elements, which it computes
-//           truly. For exact operations the cut shows in no result; they go straight to the body.
-//   peel    From 512 bytes on: elements until the destination stands on a 16-byte boundary. A destination that is not
-//           even aligned to its own element never gets there; it skips the peel and keeps unaligned stores.
-//   body    Rounds of 32 bytes of destination. Sources are read unaligned: on aligned data that costs
-//   nothing. stream  Some kernels write the body with non-temporal stores once the arrays of the call no
-//   longer fit
+//   cut     Below a minimum length an operation that estimates in vectors runs on single elements, which it
+//           computes truly. For exact operations the cut shows in no result: they go straight to the body.
+//   peel    From 512 bytes on (estimates: from the cut on), elements until the destination stands on a 16-byte
+//           boundary. A destination that is not even aligned to its own element never gets there; it skips
+//           the peel and keeps unaligned stores.
+//   body    Rounds of 32 bytes of destination. Sources are read unaligned: on aligned data that costs nothing.
+//   stream  Some kernels write the body with non-temporal stores once the arrays of the call no longer fit
 //           about one mebibyte. Such stores need an aligned destination, so this is decided after the peel.
 //           There is no fence behind them: only the bulk operations (bulk.h) promise one.
-//   tail    What is left, one vector at a time and then by single elements.
+//   tail    What is left: one vector and a part of one, or for estimates single elements.
 #pragma once
 
 #include "zels/types.h"
 
 /// What sets one kernel of the pattern apart from another.
 struct OwnsShape {
-    int cut;                         ///< lengths below this take the short path
+    int cut;                         ///< lengths below this are done by single elements
     ZelSize streamAbove = INT64_MAX; ///< elements left after the peel above which the body streams
 };
 
