@@ -1,9 +1,11 @@
 // What every example program is made of: failures with a message, status checks, text.
 #pragma once
 
+#include <optional>
 #include <source_location>
 #include <stdexcept>
 #include <string>
+#include <string_view>
 
 #include "zels.h"
 
@@ -34,6 +36,9 @@ void complain(const std::string& message);
 /// Throws a Failure if the user has asked to stop (Ctrl-C), so that half-written files are removed on the way
 /// out.
 void stopIfAsked();
+
+/// The finite number that the whole text stands for, such as -6 or +3.5.
+std::optional<double> number(std::string_view digits);
 
 /// "1.432 s", "2:03.4" or "1:02:03".
 std::string durationText(double seconds);
