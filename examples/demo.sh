@@ -3,7 +3,8 @@
 #
 #   examples/demo.sh BUILD_DIR [OUT_DIR]
 #
-# BUILD_DIR holds the built programs (target zels-examples); the results go to OUT_DIR (without: demo); the recordings come with the package alsa-utils.
+# BUILD_DIR holds the built programs (target zels-examples); the results go to OUT_DIR (without: demo); the recordings
+# come with the package alsa-utils.
 set -euo pipefail
 
 if [[ $# -lt 1 || $# -gt 2 ]]; then
