@@ -29,12 +29,12 @@ std::string text(const char* format, ...)
     return result;
 }
 
-void ok(ZelStatus status, std::source_location where)
+void ok(ZelStatus status, const char* file, int line)
 {
     if (status < 0) {
-        const char* slash = std::strrchr(where.file_name(), '/');
-        throw Failure(text("a library function called at %s:%u reports status %d",
-                           slash != nullptr ? slash + 1 : where.file_name(), where.line(), status));
+        const char* slash = std::strrchr(file, '/');
+        throw Failure(text("a library function called at %s:%d reports status %d",
+                           slash != nullptr ? slash + 1 : file, line, status));
     }
 }
 

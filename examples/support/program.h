@@ -2,7 +2,6 @@
 #pragma once
 
 #include <optional>
-#include <source_location>
 #include <stdexcept>
 #include <string>
 #include <string_view>
@@ -21,7 +20,8 @@ class Failure : public std::runtime_error {
 [[gnu::format(printf, 1, 2)]] std::string text(const char* format, ...);
 
 /// Passes success and warnings of a zels function, throws a Failure on an error.
-void ok(ZelStatus status, std::source_location where = std::source_location::current());
+/// The caller's place is filled in by the compiler.
+void ok(ZelStatus status, const char* file = __builtin_FILE(), int line = __builtin_LINE());
 
 /// Runs a program: what `body` returns is the exit status; a Failure is printed behind the program's name,
 /// and the exit status is 1.
