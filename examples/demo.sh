@@ -1,17 +1,18 @@
 #!/usr/bin/env bash
 # Mixes recordings of spoken words and tells where the results lie.
 #
-#   examples/demo.sh BUILD_DIR OUT_DIR
+#   examples/demo.sh BUILD_DIR [OUT_DIR]
 #
-# BUILD_DIR holds the built programs (target zels-examples); the recordings come with the package alsa-utils.
+# BUILD_DIR holds the built programs (target zels-examples); the results go to OUT_DIR (without: demo); the recordings
+# come with the package alsa-utils.
 set -euo pipefail
 
-if [[ $# -ne 2 ]]; then
-    echo "usage: $0 BUILD_DIR OUT_DIR" >&2
+if [[ $# -lt 1 || $# -gt 2 ]]; then
+    echo "usage: $0 BUILD_DIR [OUT_DIR]" >&2
     exit 1
 fi
 programs=$1/examples
-out=$2
+out=${2:-demo}
 sounds=${ZELS_DEMO_SOUNDS:-/usr/share/sounds/alsa}
 
 if [[ ! -x $programs/zels-mix ]]; then

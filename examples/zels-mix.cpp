@@ -3,7 +3,6 @@
 // All arithmetic on samples is done by zels, a block at a time:
 //   16-bit samples -> float -> times the gain -> times the fades -> added to the mix -> 16-bit samples.
 #include <algorithm>
-#include <charconv>
 #include <chrono>
 #include <cmath>
 #include <cstdio>
@@ -59,18 +58,8 @@ struct Source {
     Envelope envelope;
 };
 
-std::optional<double> number(std::string_view digits)
-{
-    if (digits.starts_with('+') && !digits.starts_with("+-"))
-        digits.remove_prefix(1);
-    double value = 0;
-    const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), value);
-    if (error != std::errc{} || end != digits.data() + digits.size() || !std::isfinite(value))
-        return std::nullopt;
-    return value;
-}
-
-Request readCommandLine(int argc, char** argv)
+/// What the command line asks for; nothing if it asked for help alone.
+std::optional<Request> readCommandLine(int argc, char** argv)
 {
     static const option options[] = {{"output", required_argument, nullptr, 'o'},
                                      {"plot", required_argument, nullptr, 'p'},
@@ -90,7 +79,7 @@ Request readCommandLine(int argc, char** argv)
             request.fadeSeconds = *seconds;
         } else if (c == 'h') {
             std::fputs(help, stdout);
-            std::exit(std::fflush(stdout) == 0 ? 0 : 1);
+            return std::nullopt;
         } else {
             throw Failure("try zels-mix --help");
         }
@@ -331,7 +320,10 @@ void report(const std::list<Source>& sources, const Envelope& outline, long long
 
 int run(int argc, char** argv)
 {
-    const Request request = readCommandLine(argc, argv);
+    const std::optional<Request> wanted = readCommandLine(argc, argv);
+    if (!wanted)
+        return 0;
+    const Request& request = *wanted;
     std::list<Source> sources = openSources(request.sources);
     if (request.plotPath && sameFile(*request.plotPath, request.mixPath))
         throw Failure(text("%s: the mix and the picture cannot be one file", request.mixPath.c_str()));

@@ -3,6 +3,9 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <cstddef>
+#include <cstdint>
+#include <cstring>
 
 #include "program.h"
 
@@ -86,6 +89,29 @@ void Picture::line(double x1, double y1, double x2, double y2, Colour colour, do
     cairo_move_to(pen(), x1, y1);
     cairo_line_to(pen(), x2, y2);
     cairo_stroke(pen());
+}
+
+void Picture::dot(double x, double y, double radius, Colour colour)
+{
+    use(colour);
+    cairo_new_path(pen());
+    cairo_arc(pen(), x, y, radius, 0, 7);
+    cairo_fill(pen());
+}
+
+void Picture::paint(int x, int y, int width, int height, const std::function<Colour(int x, int y)>& colour)
+{
+    cairo_surface_flush(surface_.get());
+    unsigned char* data = cairo_image_surface_get_data(surface_.get());
+    const std::ptrdiff_t stride = cairo_image_surface_get_stride(surface_.get());
+    const auto byte = [](double part) { return static_cast<std::uint32_t>(std::lround(part * 255)); };
+    for (int row = 0; row < height; row++)
+        for (int i = 0; i < width; i++) {
+            const Colour c = colour(i, row);
+            const std::uint32_t pixel = byte(c.red) << 16 | byte(c.green) << 8 | byte(c.blue);
+            std::memcpy(data + stride * (y + row) + std::ptrdiff_t{4} * (x + i), &pixel, 4);
+        }
+    cairo_surface_mark_dirty(surface_.get());
 }
 
 double Picture::write(double x, double y, const std::string& raw, double size, Colour colour, Align align,

@@ -1,6 +1,7 @@
 // Pictures: a thin layer over cairo, and the pieces that all diagrams share.
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -56,6 +57,9 @@ class Picture {
     void use(Colour colour);
     void fill(Box box, Colour colour);
     void line(double x1, double y1, double x2, double y2, Colour colour, double thickness = 1);
+    void dot(double x, double y, double radius, Colour colour);
+    /// Colours every pixel of a rectangle by a function of its place, counted from the rectangle's upper left corner.
+    void paint(int x, int y, int width, int height, const std::function<Colour(int x, int y)>& colour);
     /// Writes text with its base line at y; returns its width. Text wider than `limit` is shortened in its
     /// middle.
     double write(double x, double y, const std::string& text, double size, Colour colour,

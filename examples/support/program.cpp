@@ -1,5 +1,6 @@
 #include "program.h"
 
+#include <charconv>
 #include <cmath>
 #include <csignal>
 #include <cstdarg>
@@ -73,6 +74,17 @@ void stopIfAsked()
 {
     if (askedToStop != 0)
         throw Failure("interrupted");
+}
+
+std::optional<double> number(std::string_view digits)
+{
+    if (digits.starts_with('+') && !digits.starts_with("+-"))
+        digits.remove_prefix(1);
+    double value = 0;
+    const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), value);
+    if (error != std::errc{} || end != digits.data() + digits.size() || !std::isfinite(value))
+        return std::nullopt;
+    return value;
 }
 
 std::string durationText(double seconds)

@@ -1,8 +1,10 @@
 // What every example program is made of: failures with a message, status checks, text.
 #pragma once
 
+#include <optional>
 #include <stdexcept>
 #include <string>
+#include <string_view>
 
 #include "zels.h"
 
@@ -18,6 +20,7 @@ class Failure : public std::runtime_error {
 [[gnu::format(printf, 1, 2)]] std::string text(const char* format, ...);
 
 /// Passes success and warnings of a zels function, throws a Failure on an error.
+/// The caller's place is filled in by the compiler.
 void ok(ZelStatus status, const char* file = __builtin_FILE(), int line = __builtin_LINE());
 
 /// Runs a program: what `body` returns is the exit status; a Failure is printed behind the program's name,
@@ -33,6 +36,9 @@ void complain(const std::string& message);
 /// Throws a Failure if the user has asked to stop (Ctrl-C), so that half-written files are removed on the way
 /// out.
 void stopIfAsked();
+
+/// The finite number that the whole text stands for, such as -6 or +3.5.
+std::optional<double> number(std::string_view digits);
 
 /// "1.432 s", "2:03.4" or "1:02:03".
 std::string durationText(double seconds);

@@ -23,6 +23,10 @@ Samples<T> owned(T* memory)
     return Samples<T>(memory);
 }
 
+inline Samples<Zel8u> samples8u(int len)
+{
+    return owned(zelsMalloc_8u(len));
+}
 inline Samples<Zel16s> samples16s(int len)
 {
     return owned(zelsMalloc_16s(len));
