@@ -392,7 +392,8 @@ ZELS_API ZelStatus zelsMulC_Low_32f16s(const Zel32f* pSrc, Zel32f val, Zel16s* p
 
 /** `pSrc[n] * (val * 2^(-scaleFactor))` in single precision, clamped to the range of #Zel16s and rounded to
  * nearest, ties to even, whatever the caller's mode. A scaled constant beyond the range of single precision
- * becomes infinity or loses bits as a subnormal number does; a NaN product gives -32768.
+ * stays at its edge, so that 0 gives 0 and an infinity saturates; a subnormal one loses bits. A NaN product
+ * gives -32768.
  *  @param pSrc source
  *  @param val constant
  *  @param pDst destination

@@ -3,6 +3,8 @@
 #include "frame/scale.h"
 #include "zels.h"
 
+#include <cfloat>
+
 namespace {
 
 /// An operation on two 16s vectors in single precision; both conversions are exact.
@@ -22,6 +24,17 @@ constexpr OnWidened16s<[](auto a, auto b) { return a * b; }> mulWidened;
 constexpr auto mulParts = [](OwnsVec<Zel32f> factor, OwnsVec<Zel32f> x) {
     return OwnsVec<Zel32f>{factor[0], factor[0], factor[1], factor[1]} * x;
 };
+
+/// A constant times 2 to the power -scaleFactor. Beyond the range of a float it stays at the edge: it becomes
+/// neither infinite, so that an element of 0 gives 0, nor 0, so that an infinite one still saturates.
+Zel32f scaledConstant(Zel32f val, int scaleFactor)
+{
+    if (val == 0 || !__builtin_isfinite(val))
+        return val;
+    Zel64f size = __builtin_fabs(ownsScaled(val, scaleFactor));
+    size = size > FLT_MAX ? FLT_MAX : size < FLT_TRUE_MIN ? FLT_TRUE_MIN : size;
+    return __builtin_copysignf(static_cast<Zel32f>(size), val);
+}
 
 } // namespace
 
@@ -62,7 +75,7 @@ ZelStatus zelsMulC_Low_32f16s(const Zel32f* pSrc, Zel32f val, Zel16s* pDst, int 
 
 ZelStatus zelsMulC_32f16s_Sfs(const Zel32f* pSrc, Zel32f val, Zel16s* pDst, int len, int scaleFactor)
 {
-    const Zel32f factor = static_cast<Zel32f>(ownsScaled(val, scaleFactor));
+    const Zel32f factor = scaledConstant(val, scaleFactor);
     const auto narrow = [factor](OwnsVecs<Zel32f, 2> x) {
         return ownsNarrowed16s(ownsRoundedNear(ownsClamped16s(x.v[0] * factor)),
                                ownsRoundedNear(ownsClamped16s(x.v[1] * factor)));

@@ -4,6 +4,7 @@
 #include "support/element.h"
 
 #include <algorithm>
+#include <cmath>
 #include <limits>
 
 namespace support {
@@ -47,15 +48,40 @@ constexpr T scaled(Wide x, int scaleFactor)
     return saturated<T>(x);
 }
 
+/// To the nearest whole number, ties to even, whatever the caller's mode; |x| below 2^63.
+inline long double toNearest(long double x)
+{
+    const long double below = std::floor(x);
+    const long double rest = x - below;
+    return below + (rest > 0.5L || (rest == 0.5L && std::floor(below / 2) * 2 != below) ? 1 : 0);
+}
+
+/// x times 2^-scaleFactor for any factor. In a long double it is exact, or far beyond what can matter.
+inline long double scaledExactly(long double x, int scaleFactor)
+{
+    return std::ldexp(x, -std::clamp(scaleFactor, -10000, 10000));
+}
+
 /// The definition of complex multiplication, each step rounded.
 template <Complex C>
 constexpr C complexProduct(C a, C b)
 {
-    const auto p1 = a.re * b.re;
-    const auto p2 = a.im * b.re;
-    const auto p3 = a.im * b.im;
-    const auto p4 = a.re * b.im;
+    using P = Part<C>;
+    const P p1 = a.re * b.re;
+    const P p2 = a.im * b.re;
+    const P p3 = a.im * b.im;
+    const P p4 = a.re * b.im;
     return {p1 - p3, p2 + p4};
+}
+
+/// The product of two elements, real or complex.
+template <class T>
+constexpr T elementProduct(T a, T b)
+{
+    if constexpr (Complex<T>)
+        return complexProduct(a, b);
+    else
+        return a * b;
 }
 
 } // namespace support

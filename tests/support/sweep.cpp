@@ -94,7 +94,7 @@ class Runner {
             (pointer.source ? sources : destinations).push_back(static_cast<int>(k));
             unit[k] = k < options.units.size() ? static_cast<std::size_t>(options.units[k]) : 1;
         }
-        largest = 2 * options.block + 1;
+        largest = 22 * options.block + 1;
         for (const ZelSize len : options.lengths)
             largest = std::max(largest, len);
         for (const ZelSize len : options.around)
@@ -122,6 +122,16 @@ class Runner {
                     offsetCase(len, static_cast<int>(random.below(16)), i % 2 == 0, share);
                 flushCase(len, Placement::atEnd, share);
                 flushCase(len, Placement::atStart, share);
+            });
+        }
+        // Lengths at which kernels begin to align, and of every rest.
+        for (int i = 0; i < 24 * options.repeats && good(); i++) {
+            const ZelSize len = shortest + 1 + random.below(20 * options.block);
+            for (int k = 0; k < 4 && good(); k++)
+                offsetCase(len, static_cast<int>(random.below(16)), k % 2 == 0, none);
+            flushCase(len, i % 2 == 0 ? Placement::atEnd : Placement::atStart, none);
+            eachSharing([&](const Shares& share) {
+                offsetCase(len, static_cast<int>(random.below(16)), true, share);
             });
         }
         for (const ZelSize len : options.lengths)
@@ -253,7 +263,7 @@ class Runner {
         const void* inputs[mostPointers];
         void* pointers[mostPointers];
         std::size_t bytes[mostPointers];
-        const bool large = c.len > 2 * options.block + 1;
+        const bool large = c.len > 22 * options.block + 1;
         for (std::size_t k = 0; k < count; k++) {
             const auto& pointer = subject.pointers[k];
             const std::size_t n = elements(k, c.len);

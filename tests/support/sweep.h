@@ -41,8 +41,8 @@ struct SweepOptions {
     int block = 32;
     /// Thresholds of length, each tried with the lengths around it.
     std::vector<ZelSize> around = {};
-    /// The lengths beyond the short ones.
-    std::vector<ZelSize> lengths = {100, 257, 1000, 4099};
+    /// Large lengths. Between them and the short ones some are drawn.
+    std::vector<ZelSize> lengths = {1000, 4099};
     /// The error allowed: units in the last place (of the destination's type), or an absolute bound, or both
     /// together, the wider one counting. Neither: bit for bit.
     double ulps = 0;
@@ -67,7 +67,7 @@ struct SweepOptions {
     /// Elements for each unit of length, by pointer in argument order (3 for 24-bit data in bytes); 1 if not
     /// told.
     std::vector<int> units = {};
-    /// Calls for each short length and offset.
+    /// How many calls are made: for each short length and offset so many, others in proportion.
     int repeats = 3;
 };
 
