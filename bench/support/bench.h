@@ -68,7 +68,7 @@ class Run {
   public:
     explicit Run(std::string familyName);
 
-    /// The lengths of `map`, and for loops over rows: 8, 16, 32, 64, 1,024 and 16,384 elements, or as set.
+    /// The lengths of `map`, and for loops over rows: 8, 13, 16, 32, 50, 64, 1,024 and 16,384, or as set.
     std::vector<ZelSize> lengths() const;
     void lengths(std::vector<ZelSize> list) { chosen = std::move(list); }
 
