@@ -64,7 +64,9 @@ Family::Family(std::string name, void (*body)(Run&))
     families()[std::move(name)] = body;
 }
 
-Run::Run(std::string familyName) : family(std::move(familyName)), chosen{8, 13, 16, 32, 50, 64, 1024, 16384} {}
+Run::Run(std::string familyName) : family(std::move(familyName)), chosen{8, 13, 16, 32, 50, 64, 1024, 16384}
+{
+}
 
 std::vector<ZelSize> Run::lengths() const
 {
