@@ -64,6 +64,15 @@ run "C, static" "$work/c-static"
 "$work/all-static"
 [[ $(pkg-config --modversion zelcore) == "$(pkg-config --modversion zels)" ]]
 
+echo "The program in README.md"
+awk 'on && /^```/ {exit} on {print} /^```c$/ {on = 1}' "$here/../../README.md" >"$work/readme.c"
+"$CC" "${c99[@]}" "${flags[@]}" "$work/readme.c" "${shared[@]}" -o "$work/readme"
+expected=$(sed -n 's@.*printf.*/\* \(.*\) \*/@\1@p' "$work/readme.c")
+[[ $expected ]]
+said=$("$work/readme")
+echo "README: $said"
+[[ $said == "$expected" ]]
+
 echo "CMake"
 for language in C CXX; do
     cmake -G Ninja -S "$here/outside" -B "$work/$language" -DLANGUAGE=$language -DCMAKE_PREFIX_PATH="$prefix" >/dev/null
