@@ -15,13 +15,15 @@ import re
 import statistics
 import sys
 
+SLOWER = 0.97  # below, a ratio is no longer noise
+
 HEAD = """# Performance
 
 Each function is measured beside what a user would take instead: in the same run, in turns of a tenth of a millisecond.
 The first line of a function is its own time; the lines of its peers are ratios, the peer's time over that of zels,
-so that **above 1 zels is faster**. Lengths are in elements. Ratios are to be trusted to about 1 per cent from 1,024
-elements on, and to some per cent on shorter vectors; times drift with the machine. The section of a function beside
-itself shows what noise there was.
+so that above 1 zels is faster. **Bold** ratios are below 0.97 against a peer of the same vector width. Lengths are in
+elements. Ratios are to be trusted to about 1 per cent from 1,024 elements on, and to some per cent on shorter vectors;
+times drift with the machine. The section of a function beside itself shows what noise there was.
 
 "-O3 loop" is the same loop as the compiler makes it at `-O3 -msse4.2`, without `restrict`. zels uses 128-bit vectors; a
 peer that uses wider ones is named so. `-` means that there is no such peer. Arrays lie in the nearest cache that holds
@@ -50,7 +52,9 @@ def table(functions, lengths):
         peers = dict.fromkeys(r["name"] for row in rows.values() for r in row["results"][1:])
         for peer in peers:
             ratios = {n: r["ratio"] for n, row in rows.items() for r in row["results"][1:] if r["name"] == peer}
-            lines.append((peer, {n: f"**{ratio:.2f}**" for n, ratio in ratios.items()}))
+            mark = "**" if "wider" not in peer else ""
+            lines.append((peer, {n: f"{mark}{ratio:.2f}{mark}" if ratio < SLOWER else f"{ratio:.2f}"
+                                 for n, ratio in ratios.items()}))
         for k, (label, cells) in enumerate(lines):
             name = f"`{function}`" if k == 0 else ""
             yield f"| {name} | {label} | " + " | ".join(cells.get(n, "-") for n in lengths) + " |"
@@ -83,7 +87,9 @@ def section(rows):
     for peer in dict.fromkeys(r["name"] for row in rows for r in row["results"][1:]):
         ratios = [r["ratio"] for row in rows for r in row["results"][1:] if r["name"] == peer]
         mean = math.exp(sum(map(math.log, ratios)) / len(ratios))
-        yield f"- Against {peer}: geometric mean **{mean:.2f}**, lowest {min(ratios):.2f}, {len(ratios)} rows"
+        below = sum(ratio < SLOWER for ratio in ratios)
+        yield (f"- Against {peer}: geometric mean {mean:.2f}, lowest {min(ratios):.2f}, "
+               f"{below} of {len(ratios)} below {SLOWER}")
 
 
 def main():
