@@ -3,23 +3,31 @@
 
     bench/report.py [-o docs/performance.md] [--command TEXT] RESULTS.json...
 
-A family that is measured again replaces its section; all others stay. TEXT stands in the document as the command
-that made the figures, in place of the programs' own command lines.
+A family that is measured again replaces its section; all others stay. Of several runs of a program the quickest time
+and the median ratio are taken: on short vectors a run's luck with the places of code in memory is worth some per cent.
+TEXT stands in the document as the command that made the figures, in place of the programs' own command lines.
 """
 import argparse
 import json
 import math
 import pathlib
 import re
+import statistics
 import sys
+
+SLOWER = 0.97  # below, a ratio is no longer noise
 
 HEAD = """# Performance
 
 Each function is measured beside what a user would take instead: in the same run, in turns of a tenth of a millisecond.
 The first line of a function is its own time; the lines of its peers are ratios, the peer's time over that of zels,
-so that **above 1 zels is faster**. Ratios of one run are to be trusted to a few per cent; times drift with the machine.
-"-O3 loop" is the same loop as the compiler makes it at `-O3 -msse4.2`. zels uses 128-bit vectors; a peer that uses
-wider ones is named so. `-` means that there is no such peer. Arrays lie in the nearest cache that holds them.
+so that above 1 zels is faster. **Bold** ratios are below 0.97 against a peer of the same vector width. Lengths are in
+elements. Ratios are to be trusted to about 1 per cent from 1,024 elements on, and to some per cent on shorter vectors;
+times drift with the machine. The section of a function beside itself shows what noise there was.
+
+"-O3 loop" is the same loop as the compiler makes it at `-O3 -msse4.2`, without `restrict`. zels uses 128-bit vectors; a
+peer that uses wider ones is named so. `-` means that there is no such peer. Arrays lie in the nearest cache that holds
+them.
 """
 
 
@@ -44,10 +52,26 @@ def table(functions, lengths):
         peers = dict.fromkeys(r["name"] for row in rows.values() for r in row["results"][1:])
         for peer in peers:
             ratios = {n: r["ratio"] for n, row in rows.items() for r in row["results"][1:] if r["name"] == peer}
-            lines.append((peer, {n: f"**{ratio:.2f}**" for n, ratio in ratios.items()}))
+            mark = "**" if "wider" not in peer else ""
+            lines.append((peer, {n: f"{mark}{ratio:.2f}{mark}" if ratio < SLOWER else f"{ratio:.2f}"
+                                 for n, ratio in ratios.items()}))
         for k, (label, cells) in enumerate(lines):
             name = f"`{function}`" if k == 0 else ""
             yield f"| {name} | {label} | " + " | ".join(cells.get(n, "-") for n in lengths) + " |"
+
+
+def merged(runs):
+    """The rows of several runs as those of one."""
+    rows = {}
+    for row in (row for run in runs for row in run):
+        rows.setdefault((row["function"], row["length"]), []).append(row)
+    for same in rows.values():
+        results = {}
+        for result in (result for row in same for result in row["results"]):
+            results.setdefault(result["name"], []).append(result)
+        yield {**same[0], "results": [{"name": name, "ns": min(r["ns"] for r in found),
+                                       "ratio": statistics.median(r["ratio"] for r in found)}
+                                      for name, found in results.items()]}
 
 
 def section(rows):
@@ -63,7 +87,9 @@ def section(rows):
     for peer in dict.fromkeys(r["name"] for row in rows for r in row["results"][1:]):
         ratios = [r["ratio"] for row in rows for r in row["results"][1:] if r["name"] == peer]
         mean = math.exp(sum(map(math.log, ratios)) / len(ratios))
-        yield f"- Against {peer}: geometric mean **{mean:.2f}**, lowest {min(ratios):.2f}, {len(ratios)} rows"
+        below = sum(ratio < SLOWER for ratio in ratios)
+        yield (f"- Against {peer}: geometric mean {mean:.2f}, lowest {min(ratios):.2f}, "
+               f"{below} of {len(ratios)} below {SLOWER}")
 
 
 def main():
@@ -78,14 +104,18 @@ def main():
     if options.output.exists():
         for part in re.split(r"^(?=## )", options.output.read_text(), flags=re.M)[1:]:
             sections[part.split("\n", 1)[0]] = part.rstrip() + "\n"
+    runs = {}
     for path in options.results:
         data = json.loads(path.read_text())
         for family in dict.fromkeys(row["family"] for row in data["rows"]):
-            heading = f"## {data['subsystem']}: {family}"
-            origin = (f"{data['date']}, {data['processor']} ({data['caches']}), peers by {data['compiler']}, "
-                      f"`{options.command or data['command']}`")
-            lines = section([row for row in data["rows"] if row["family"] == family])
-            sections[heading] = "\n".join([heading, "", origin, "", *lines]) + "\n"
+            rows = [row for row in data["rows"] if row["family"] == family]
+            runs.setdefault(f"## {data['subsystem']}: {family}", []).append((data, rows))
+    for heading, found in runs.items():
+        data = found[-1][0]
+        origin = (f"{data['date']}, {data['processor']} ({data['caches']}), peers by {data['compiler']}, "
+                  f"`{options.command or data['command']}`")
+        lines = section(list(merged(rows for _, rows in found)))
+        sections[heading] = "\n".join([heading, "", origin, "", *lines]) + "\n"
     options.output.parent.mkdir(parents=True, exist_ok=True)
     options.output.write_text("\n".join([HEAD, *(sections[heading] for heading in sorted(sections))]))
     return 0

@@ -1,9 +1,10 @@
 # What all parts of the project compile with, and how its libraries are made.
 
 # The library is one processor variant: SSE4.2 and nothing newer. It runs without the C++ run-time library. Its kernels
-# are vectorised by hand, so the compiler keeps its hands off the short loops around them.
+# are vectorised by hand, so the compiler keeps its hands off the short loops around them. Functions begin at cache lines:
+# on vectors of 8 to 16 elements a call is a handful of nanoseconds, and an unlucky place costs a tenth of it.
 set(ZELS_LIBRARY_OPTIONS
-    -O2 -msse4.2 -mtune=generic -fno-tree-vectorize -fno-strict-aliasing -fomit-frame-pointer
+    -O2 -falign-functions=64 -msse4.2 -mtune=generic -fno-tree-vectorize -fno-strict-aliasing -fomit-frame-pointer
     -ffp-contract=off -fno-math-errno -frounding-math
     -fno-exceptions -fno-rtti -fno-threadsafe-statics -fno-asynchronous-unwind-tables
     -fvisibility=hidden -fvisibility-inlines-hidden)

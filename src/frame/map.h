@@ -19,27 +19,34 @@ concept OwnsEstimates = requires
 
 namespace owns_detail {
 
-/// Fewer elements than a vector has lanes.
-template <class Op, class D, class... S>
-[[gnu::always_inline]] inline void few(Op& op, D* pDst, int n, const S*... pSrc)
+/// The elements of a part of a vector, as many as that bit of `rest` says. Branches by the bits of a count are
+/// those that a caller's usual length teaches the processor.
+template <int count, class Op, class D, class... S>
+[[gnu::always_inline]] inline void part(Op& op, D* pDst, ZelSize& i, int rest, const S*... pSrc)
 {
+    if (rest & count) [[likely]] {
+        ownsStorePart(pDst + i, op(ownsTakePart<D>(pSrc + i, count)...), count);
+        i += count;
+    }
+}
+
+/// `rest` elements from the `i`-th on, fewer than a vector has lanes.
+template <class Op, class D, class... S>
+[[gnu::always_inline]] inline void few(Op& op, D* pDst, ZelSize& i, int rest, const S*... pSrc)
+{
+    constexpr int lanes = ownsLanes<D>;
     if constexpr (OwnsEstimates<Op>) {
-        for (int i = 0; i < n; i++)
+        for (const ZelSize end = i + rest; i < end; i++)
             ownsPut(pDst + i, op(ownsGet(pSrc + i)...));
-    } else if constexpr (ownsLanes<D> == 2) {
-        if (n > 0)
-            ownsStorePart(pDst, op(ownsTakePart<D>(pSrc, 1)...), 1);
-    } else if constexpr (ownsLanes<D> == 4) {
-        // By the bits of the count: branches that a caller's usual length teaches the processor.
-        if (n & 1)
-            ownsStorePart(pDst, op(ownsTakePart<D>(pSrc, 1)...), 1);
-        if (n & 2) {
-            const int at = n & 1;
-            ownsStorePart(pDst + at, op(ownsTakePart<D>(pSrc + at, 2)...), 2);
-        }
-    } else if constexpr (ownsLanes<D> > 4) {
-        if (n > 0)
-            ownsStorePart(pDst, op(ownsTakePart<D>(pSrc, n)...), n);
+    } else {
+        if constexpr (lanes > 8)
+            part<8>(op, pDst, i, rest, pSrc...);
+        if constexpr (lanes > 4)
+            part<4>(op, pDst, i, rest, pSrc...);
+        if constexpr (lanes > 2)
+            part<2>(op, pDst, i, rest, pSrc...);
+        if constexpr (lanes > 1)
+            part<1>(op, pDst, i, rest, pSrc...);
     }
 }
 
@@ -59,16 +66,14 @@ template <OwnsShape shape, class Op, class D, class... S>
 [[gnu::always_inline]] inline void ownsMap(Op op, D* pDst, ZelSize len, const S*... pSrc)
 {
     constexpr ZelSize lanes = ownsLanes<D>;
+    ZelSize i = 0;
     if constexpr (OwnsEstimates<Op>)
         if (len < shape.cut)
-            return owns_detail::few(op, pDst, static_cast<int>(len), pSrc...);
-    ZelSize i = 0;
+            return owns_detail::few(op, pDst, i, static_cast<int>(len), pSrc...);
     if (OwnsEstimates<Op> || len >= ownsPeelFrom / static_cast<ZelSize>(sizeof(D))) [[unlikely]] {
         const int peel = owns_detail::peelCount(pDst);
-        if (peel > 0) {
-            owns_detail::few(op, pDst, peel, pSrc...);
-            i = peel;
-        }
+        if (peel > 0)
+            owns_detail::few(op, pDst, i, peel, pSrc...);
         if (shape.streamAbove != INT64_MAX && peel >= 0 && len - i > shape.streamAbove) {
             for (; i <= len - 2 * lanes; i += 2 * lanes) {
                 ownsStream(pDst + i, op(ownsTake<D>(pSrc + i)...));
@@ -81,13 +86,14 @@ template <OwnsShape shape, class Op, class D, class... S>
         ownsStore(pDst + i + lanes, op(ownsTake<D>(pSrc + i + lanes)...));
     }
     // Whole rounds are common, and then the tail need not even be prepared.
-    if (i == len)
+    const int rest = static_cast<int>(len - i);
+    if (rest == 0)
         return;
-    if (!OwnsEstimates<Op> && i <= len - lanes) {
+    if (!OwnsEstimates<Op> && (rest & lanes) != 0) [[likely]] {
         ownsStore(pDst + i, op(ownsTake<D>(pSrc + i)...));
         i += lanes;
     }
-    owns_detail::few(op, pDst + i, static_cast<int>(len - i), (pSrc + i)...);
+    owns_detail::few(op, pDst, i, rest, pSrc...);
 }
 
 /// The plain entry over ownsMap: pointers, length, work.

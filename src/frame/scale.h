@@ -3,6 +3,7 @@
 
 #include "frame/vec.h"
 
+#include <bit>
 #include <cmath>
 
 /// The low four of eight 16-bit integers as floats.
@@ -15,6 +16,8 @@ inline OwnsVec<Zel32f> ownsWidened32f(OwnsVec<Zel16s> x)
 /// gives infinity or zero.
 inline Zel64f ownsScaled(Zel64f value, int scaleFactor)
 {
+    if (scaleFactor >= -1022 && scaleFactor <= 1022) [[likely]]
+        return value * std::bit_cast<Zel64f>(std::uint64_t{1023u - static_cast<unsigned>(scaleFactor)} << 52);
     const int exponent = scaleFactor > 4096 ? -4096 : scaleFactor < -4096 ? 4096 : -scaleFactor;
     return std::scalbn(value, exponent);
 }

@@ -272,6 +272,10 @@ inline OwnsVec<T> ownsSplat(T value)
         return _mm_set1_ps(value);
     } else if constexpr (std::is_same_v<T, Zel64f>) {
         return _mm_set1_pd(value);
+    } else if constexpr (std::is_same_v<T, Zel64fc>) {
+        // Both parts arrive in registers. As bytes of one object they would go through memory, in two stores
+        // that the load of the whole has to wait for.
+        return _mm_unpacklo_pd(_mm_set_sd(value.re), _mm_set_sd(value.im));
     } else {
         const auto bits = [&](auto word) {
             __builtin_memcpy(&word, &value, sizeof word);
