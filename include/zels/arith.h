@@ -415,6 +415,273 @@ ZELS_API ZelStatus zelsMulC_64f64s_ISfs(Zel64f val, Zel64s* pSrcDst, int len, in
 
 /** @} */
 
+/** @defgroup scaled Scaled integer arithmetic
+ *  Integer arithmetic with a scale factor, exact to the bit: the exact sum, difference or product times
+ *  2^(-scaleFactor) is rounded to nearest, ties to even, and saturated to the element type. A positive factor
+ *  divides, a negative one multiplies, and every int is valid: a factor so high that every result rounds to 0
+ *  clears the destination, one so low that nothing but 0 stays in range saturates by the sign of the exact
+ *  value (in zelsAddProduct_32s_Sfs a factor of 63 clears, though the largest sums would round to 1). Each
+ * part of a complex result is rounded and saturated by itself. Source and destination may be the same array.
+ * The complex sums and differences of two vectors test the length before the pointers, the others after.
+ *  @{
+ */
+
+/** @name Scaled sum
+ *  `pDst[n] = pSrc1[n] + pSrc2[n]`, scaled; in place `pSrcDst[n] = pSrcDst[n] + pSrc[n]`. The forms without a
+ * scale factor saturate only; zelsAdd_8u16u has room for any sum.
+ *  @param pSrc1 first source
+ *  @param pSrc2 second source
+ *  @param pDst destination
+ *  @param pSrc first source of the in-place forms
+ *  @param pSrcDst second source and destination
+ *  @param len length in elements
+ *  @param scaleFactor scale factor, any value
+ *  @return #zelErrNullPtr for a null pointer, else #zelErrSize for a length below 1, else #zelStatusOk
+ *  @{
+ */
+ZELS_API ZelStatus zelsAdd_8u_Sfs(const Zel8u* pSrc1, const Zel8u* pSrc2, Zel8u* pDst, int len,
+                                  int scaleFactor);
+ZELS_API ZelStatus zelsAdd_8u_ISfs(const Zel8u* pSrc, Zel8u* pSrcDst, int len, int scaleFactor);
+ZELS_API ZelStatus zelsAdd_16s_Sfs(const Zel16s* pSrc1, const Zel16s* pSrc2, Zel16s* pDst, int len,
+                                   int scaleFactor);
+ZELS_API ZelStatus zelsAdd_16s_ISfs(const Zel16s* pSrc, Zel16s* pSrcDst, int len, int scaleFactor);
+ZELS_API ZelStatus zelsAdd_16u_Sfs(const Zel16u* pSrc1, const Zel16u* pSrc2, Zel16u* pDst, int len,
+                                   int scaleFactor);
+ZELS_API ZelStatus zelsAdd_16u_ISfs(const Zel16u* pSrc, Zel16u* pSrcDst, int len, int scaleFactor);
+ZELS_API ZelStatus zelsAdd_16sc_Sfs(const Zel16sc* pSrc1, const Zel16sc* pSrc2, Zel16sc* pDst, int len,
+                                    int scaleFactor);
+ZELS_API ZelStatus zelsAdd_16sc_ISfs(const Zel16sc* pSrc, Zel16sc* pSrcDst, int len, int scaleFactor);
+ZELS_API ZelStatus zelsAdd_32s_Sfs(const Zel32s* pSrc1, const Zel32s* pSrc2, Zel32s* pDst, int len,
+                                   int scaleFactor);
+ZELS_API ZelStatus zelsAdd_32s_ISfs(const Zel32s* pSrc, Zel32s* pSrcDst, int len, int scaleFactor);
+ZELS_API ZelStatus zelsAdd_32sc_Sfs(const Zel32sc* pSrc1, const Zel32sc* pSrc2, Zel32sc* pDst, int len,
+                                    int scaleFactor);
+ZELS_API ZelStatus zelsAdd_32sc_ISfs(const Zel32sc* pSrc, Zel32sc* pSrcDst, int len, int scaleFactor);
+ZELS_API ZelStatus zelsAdd_16s(const Zel16s* pSrc1, const Zel16s* pSrc2, Zel16s* pDst, int len);
+ZELS_API ZelStatus zelsAdd_16s_I(const Zel16s* pSrc, Zel16s* pSrcDst, int len);
+ZELS_API ZelStatus zelsAdd_16u(const Zel16u* pSrc1, const Zel16u* pSrc2, Zel16u* pDst, int len);
+ZELS_API ZelStatus zelsAdd_32u(const Zel32u* pSrc1, const Zel32u* pSrc2, Zel32u* pDst, int len);
+ZELS_API ZelStatus zelsAdd_32u_I(const Zel32u* pSrc, Zel32u* pSrcDst, int len);
+ZELS_API ZelStatus zelsAdd_8u16u(const Zel8u* pSrc1, const Zel8u* pSrc2, Zel16u* pDst, int len);
+ZELS_API ZelStatus zelsAdd_16s32s_I(const Zel16s* pSrc, Zel32s* pSrcDst, int len);
+/** @} */
+
+/** @name Scaled difference
+ *  `pDst[n] = pSrc2[n] - pSrc1[n]`, scaled: the first source is the subtrahend; in place
+ *  `pSrcDst[n] = pSrcDst[n] - pSrc[n]`. The forms without a scale factor saturate only.
+ *  @param pSrc1 first source
+ *  @param pSrc2 second source
+ *  @param pDst destination
+ *  @param pSrc first source of the in-place forms
+ *  @param pSrcDst second source and destination
+ *  @param len length in elements
+ *  @param scaleFactor scale factor, any value
+ *  @return #zelErrNullPtr for a null pointer, else #zelErrSize for a length below 1, else #zelStatusOk
+ *  @{
+ */
+ZELS_API ZelStatus zelsSub_8u_Sfs(const Zel8u* pSrc1, const Zel8u* pSrc2, Zel8u* pDst, int len,
+                                  int scaleFactor);
+ZELS_API ZelStatus zelsSub_8u_ISfs(const Zel8u* pSrc, Zel8u* pSrcDst, int len, int scaleFactor);
+ZELS_API ZelStatus zelsSub_16s_Sfs(const Zel16s* pSrc1, const Zel16s* pSrc2, Zel16s* pDst, int len,
+                                   int scaleFactor);
+ZELS_API ZelStatus zelsSub_16s_ISfs(const Zel16s* pSrc, Zel16s* pSrcDst, int len, int scaleFactor);
+ZELS_API ZelStatus zelsSub_16u_Sfs(const Zel16u* pSrc1, const Zel16u* pSrc2, Zel16u* pDst, int len,
+                                   int scaleFactor);
+ZELS_API ZelStatus zelsSub_16u_ISfs(const Zel16u* pSrc, Zel16u* pSrcDst, int len, int scaleFactor);
+ZELS_API ZelStatus zelsSub_16sc_Sfs(const Zel16sc* pSrc1, const Zel16sc* pSrc2, Zel16sc* pDst, int len,
+                                    int scaleFactor);
+ZELS_API ZelStatus zelsSub_16sc_ISfs(const Zel16sc* pSrc, Zel16sc* pSrcDst, int len, int scaleFactor);
+ZELS_API ZelStatus zelsSub_32s_Sfs(const Zel32s* pSrc1, const Zel32s* pSrc2, Zel32s* pDst, int len,
+                                   int scaleFactor);
+ZELS_API ZelStatus zelsSub_32s_ISfs(const Zel32s* pSrc, Zel32s* pSrcDst, int len, int scaleFactor);
+ZELS_API ZelStatus zelsSub_32sc_Sfs(const Zel32sc* pSrc1, const Zel32sc* pSrc2, Zel32sc* pDst, int len,
+                                    int scaleFactor);
+ZELS_API ZelStatus zelsSub_32sc_ISfs(const Zel32sc* pSrc, Zel32sc* pSrcDst, int len, int scaleFactor);
+ZELS_API ZelStatus zelsSub_16s(const Zel16s* pSrc1, const Zel16s* pSrc2, Zel16s* pDst, int len);
+ZELS_API ZelStatus zelsSub_16s_I(const Zel16s* pSrc, Zel16s* pSrcDst, int len);
+/** @} */
+
+/** @name Scaled product
+ *  `pDst[n] = pSrc1[n] * pSrc2[n]`, scaled; in place `pSrcDst[n] = pSrcDst[n] * pSrc[n]`. Complex products
+ * are exact before each part is scaled. The forms without a scale factor saturate only; zelsMul_8u16u has
+ * room for any product. From 262152 elements on zelsMul_16s32s_Sfs writes past the caches.
+ *  @param pSrc1 first source
+ *  @param pSrc2 second source
+ *  @param pDst destination
+ *  @param pSrc first source of the in-place forms
+ *  @param pSrcDst second source and destination
+ *  @param len length in elements
+ *  @param scaleFactor scale factor, any value
+ *  @return #zelErrNullPtr for a null pointer, else #zelErrSize for a length below 1, else #zelStatusOk
+ *  @{
+ */
+ZELS_API ZelStatus zelsMul_8u_Sfs(const Zel8u* pSrc1, const Zel8u* pSrc2, Zel8u* pDst, int len,
+                                  int scaleFactor);
+ZELS_API ZelStatus zelsMul_8u_ISfs(const Zel8u* pSrc, Zel8u* pSrcDst, int len, int scaleFactor);
+ZELS_API ZelStatus zelsMul_16s_Sfs(const Zel16s* pSrc1, const Zel16s* pSrc2, Zel16s* pDst, int len,
+                                   int scaleFactor);
+ZELS_API ZelStatus zelsMul_16s_ISfs(const Zel16s* pSrc, Zel16s* pSrcDst, int len, int scaleFactor);
+ZELS_API ZelStatus zelsMul_16u_Sfs(const Zel16u* pSrc1, const Zel16u* pSrc2, Zel16u* pDst, int len,
+                                   int scaleFactor);
+ZELS_API ZelStatus zelsMul_16u_ISfs(const Zel16u* pSrc, Zel16u* pSrcDst, int len, int scaleFactor);
+ZELS_API ZelStatus zelsMul_16sc_Sfs(const Zel16sc* pSrc1, const Zel16sc* pSrc2, Zel16sc* pDst, int len,
+                                    int scaleFactor);
+ZELS_API ZelStatus zelsMul_16sc_ISfs(const Zel16sc* pSrc, Zel16sc* pSrcDst, int len, int scaleFactor);
+ZELS_API ZelStatus zelsMul_32s_Sfs(const Zel32s* pSrc1, const Zel32s* pSrc2, Zel32s* pDst, int len,
+                                   int scaleFactor);
+ZELS_API ZelStatus zelsMul_32s_ISfs(const Zel32s* pSrc, Zel32s* pSrcDst, int len, int scaleFactor);
+ZELS_API ZelStatus zelsMul_32sc_Sfs(const Zel32sc* pSrc1, const Zel32sc* pSrc2, Zel32sc* pDst, int len,
+                                    int scaleFactor);
+ZELS_API ZelStatus zelsMul_32sc_ISfs(const Zel32sc* pSrc, Zel32sc* pSrcDst, int len, int scaleFactor);
+ZELS_API ZelStatus zelsMul_16u16s_Sfs(const Zel16u* pSrc1, const Zel16s* pSrc2, Zel16s* pDst, int len,
+                                      int scaleFactor);
+ZELS_API ZelStatus zelsMul_16s32s_Sfs(const Zel16s* pSrc1, const Zel16s* pSrc2, Zel32s* pDst, int len,
+                                      int scaleFactor);
+ZELS_API ZelStatus zelsMul_16s(const Zel16s* pSrc1, const Zel16s* pSrc2, Zel16s* pDst, int len);
+ZELS_API ZelStatus zelsMul_16s_I(const Zel16s* pSrc, Zel16s* pSrcDst, int len);
+ZELS_API ZelStatus zelsMul_8u16u(const Zel8u* pSrc1, const Zel8u* pSrc2, Zel16u* pDst, int len);
+/** @} */
+
+/** @name Scaled sum with a constant
+ *  `pDst[n] = pSrc[n] + val`, scaled. With a constant and a factor of 0 this is a copy, or in place nothing.
+ *  @param pSrc source
+ *  @param val constant
+ *  @param pDst destination
+ *  @param pSrcDst source and destination
+ *  @param len length in elements
+ *  @param scaleFactor scale factor, any value
+ *  @return #zelErrNullPtr for a null pointer, else #zelErrSize for a length below 1, else #zelStatusOk
+ *  @{
+ */
+ZELS_API ZelStatus zelsAddC_8u_Sfs(const Zel8u* pSrc, Zel8u val, Zel8u* pDst, int len, int scaleFactor);
+ZELS_API ZelStatus zelsAddC_8u_ISfs(Zel8u val, Zel8u* pSrcDst, int len, int scaleFactor);
+ZELS_API ZelStatus zelsAddC_16s_Sfs(const Zel16s* pSrc, Zel16s val, Zel16s* pDst, int len, int scaleFactor);
+ZELS_API ZelStatus zelsAddC_16s_ISfs(Zel16s val, Zel16s* pSrcDst, int len, int scaleFactor);
+ZELS_API ZelStatus zelsAddC_16u_Sfs(const Zel16u* pSrc, Zel16u val, Zel16u* pDst, int len, int scaleFactor);
+ZELS_API ZelStatus zelsAddC_16u_ISfs(Zel16u val, Zel16u* pSrcDst, int len, int scaleFactor);
+ZELS_API ZelStatus zelsAddC_16sc_Sfs(const Zel16sc* pSrc, Zel16sc val, Zel16sc* pDst, int len,
+                                     int scaleFactor);
+ZELS_API ZelStatus zelsAddC_16sc_ISfs(Zel16sc val, Zel16sc* pSrcDst, int len, int scaleFactor);
+ZELS_API ZelStatus zelsAddC_32s_Sfs(const Zel32s* pSrc, Zel32s val, Zel32s* pDst, int len, int scaleFactor);
+ZELS_API ZelStatus zelsAddC_32s_ISfs(Zel32s val, Zel32s* pSrcDst, int len, int scaleFactor);
+ZELS_API ZelStatus zelsAddC_32sc_Sfs(const Zel32sc* pSrc, Zel32sc val, Zel32sc* pDst, int len,
+                                     int scaleFactor);
+ZELS_API ZelStatus zelsAddC_32sc_ISfs(Zel32sc val, Zel32sc* pSrcDst, int len, int scaleFactor);
+ZELS_API ZelStatus zelsAddC_16s_I(Zel16s val, Zel16s* pSrcDst, int len);
+/** @} */
+
+/** @name Scaled difference with a constant
+ *  `pDst[n] = pSrc[n] - val`, scaled. With a constant and a factor of 0 this is a copy, or in place nothing.
+ *  @param pSrc source
+ *  @param val constant
+ *  @param pDst destination
+ *  @param pSrcDst source and destination
+ *  @param len length in elements
+ *  @param scaleFactor scale factor, any value
+ *  @return #zelErrNullPtr for a null pointer, else #zelErrSize for a length below 1, else #zelStatusOk
+ *  @{
+ */
+ZELS_API ZelStatus zelsSubC_8u_Sfs(const Zel8u* pSrc, Zel8u val, Zel8u* pDst, int len, int scaleFactor);
+ZELS_API ZelStatus zelsSubC_8u_ISfs(Zel8u val, Zel8u* pSrcDst, int len, int scaleFactor);
+ZELS_API ZelStatus zelsSubC_16s_Sfs(const Zel16s* pSrc, Zel16s val, Zel16s* pDst, int len, int scaleFactor);
+ZELS_API ZelStatus zelsSubC_16s_ISfs(Zel16s val, Zel16s* pSrcDst, int len, int scaleFactor);
+ZELS_API ZelStatus zelsSubC_16u_Sfs(const Zel16u* pSrc, Zel16u val, Zel16u* pDst, int len, int scaleFactor);
+ZELS_API ZelStatus zelsSubC_16u_ISfs(Zel16u val, Zel16u* pSrcDst, int len, int scaleFactor);
+ZELS_API ZelStatus zelsSubC_16sc_Sfs(const Zel16sc* pSrc, Zel16sc val, Zel16sc* pDst, int len,
+                                     int scaleFactor);
+ZELS_API ZelStatus zelsSubC_16sc_ISfs(Zel16sc val, Zel16sc* pSrcDst, int len, int scaleFactor);
+ZELS_API ZelStatus zelsSubC_32s_Sfs(const Zel32s* pSrc, Zel32s val, Zel32s* pDst, int len, int scaleFactor);
+ZELS_API ZelStatus zelsSubC_32s_ISfs(Zel32s val, Zel32s* pSrcDst, int len, int scaleFactor);
+ZELS_API ZelStatus zelsSubC_32sc_Sfs(const Zel32sc* pSrc, Zel32sc val, Zel32sc* pDst, int len,
+                                     int scaleFactor);
+ZELS_API ZelStatus zelsSubC_32sc_ISfs(Zel32sc val, Zel32sc* pSrcDst, int len, int scaleFactor);
+ZELS_API ZelStatus zelsSubC_16s_I(Zel16s val, Zel16s* pSrcDst, int len);
+/** @} */
+
+/** @name Scaled difference from a constant
+ *  `pDst[n] = val - pSrc[n]`, scaled.
+ *  @param pSrc source
+ *  @param val constant
+ *  @param pDst destination
+ *  @param pSrcDst source and destination
+ *  @param len length in elements
+ *  @param scaleFactor scale factor, any value
+ *  @return #zelErrNullPtr for a null pointer, else #zelErrSize for a length below 1, else #zelStatusOk
+ *  @{
+ */
+ZELS_API ZelStatus zelsSubCRev_8u_Sfs(const Zel8u* pSrc, Zel8u val, Zel8u* pDst, int len, int scaleFactor);
+ZELS_API ZelStatus zelsSubCRev_8u_ISfs(Zel8u val, Zel8u* pSrcDst, int len, int scaleFactor);
+ZELS_API ZelStatus zelsSubCRev_16s_Sfs(const Zel16s* pSrc, Zel16s val, Zel16s* pDst, int len,
+                                       int scaleFactor);
+ZELS_API ZelStatus zelsSubCRev_16s_ISfs(Zel16s val, Zel16s* pSrcDst, int len, int scaleFactor);
+ZELS_API ZelStatus zelsSubCRev_16u_Sfs(const Zel16u* pSrc, Zel16u val, Zel16u* pDst, int len,
+                                       int scaleFactor);
+ZELS_API ZelStatus zelsSubCRev_16u_ISfs(Zel16u val, Zel16u* pSrcDst, int len, int scaleFactor);
+ZELS_API ZelStatus zelsSubCRev_16sc_Sfs(const Zel16sc* pSrc, Zel16sc val, Zel16sc* pDst, int len,
+                                        int scaleFactor);
+ZELS_API ZelStatus zelsSubCRev_16sc_ISfs(Zel16sc val, Zel16sc* pSrcDst, int len, int scaleFactor);
+ZELS_API ZelStatus zelsSubCRev_32s_Sfs(const Zel32s* pSrc, Zel32s val, Zel32s* pDst, int len,
+                                       int scaleFactor);
+ZELS_API ZelStatus zelsSubCRev_32s_ISfs(Zel32s val, Zel32s* pSrcDst, int len, int scaleFactor);
+ZELS_API ZelStatus zelsSubCRev_32sc_Sfs(const Zel32sc* pSrc, Zel32sc val, Zel32sc* pDst, int len,
+                                        int scaleFactor);
+ZELS_API ZelStatus zelsSubCRev_32sc_ISfs(Zel32sc val, Zel32sc* pSrcDst, int len, int scaleFactor);
+/** @} */
+
+/** @name Scaled product with a constant
+ *  `pDst[n] = pSrc[n] * val`, scaled. A constant of 0 clears the destination. With a constant of 1 and a
+ * factor of 0 this is a copy, or in place nothing. The products of the 64s form are exact, in 128 bits.
+ *  @param pSrc source
+ *  @param val constant
+ *  @param pDst destination
+ *  @param pSrcDst source and destination
+ *  @param len length in elements
+ *  @param scaleFactor scale factor, any value
+ *  @return #zelErrNullPtr for a null pointer, else #zelErrSize for a length below 1, else #zelStatusOk
+ *  @{
+ */
+ZELS_API ZelStatus zelsMulC_8u_Sfs(const Zel8u* pSrc, Zel8u val, Zel8u* pDst, int len, int scaleFactor);
+ZELS_API ZelStatus zelsMulC_8u_ISfs(Zel8u val, Zel8u* pSrcDst, int len, int scaleFactor);
+ZELS_API ZelStatus zelsMulC_16s_Sfs(const Zel16s* pSrc, Zel16s val, Zel16s* pDst, int len, int scaleFactor);
+ZELS_API ZelStatus zelsMulC_16s_ISfs(Zel16s val, Zel16s* pSrcDst, int len, int scaleFactor);
+ZELS_API ZelStatus zelsMulC_16u_Sfs(const Zel16u* pSrc, Zel16u val, Zel16u* pDst, int len, int scaleFactor);
+ZELS_API ZelStatus zelsMulC_16u_ISfs(Zel16u val, Zel16u* pSrcDst, int len, int scaleFactor);
+ZELS_API ZelStatus zelsMulC_16sc_Sfs(const Zel16sc* pSrc, Zel16sc val, Zel16sc* pDst, int len,
+                                     int scaleFactor);
+ZELS_API ZelStatus zelsMulC_16sc_ISfs(Zel16sc val, Zel16sc* pSrcDst, int len, int scaleFactor);
+ZELS_API ZelStatus zelsMulC_32s_Sfs(const Zel32s* pSrc, Zel32s val, Zel32s* pDst, int len, int scaleFactor);
+ZELS_API ZelStatus zelsMulC_32s_ISfs(Zel32s val, Zel32s* pSrcDst, int len, int scaleFactor);
+ZELS_API ZelStatus zelsMulC_32sc_Sfs(const Zel32sc* pSrc, Zel32sc val, Zel32sc* pDst, int len,
+                                     int scaleFactor);
+ZELS_API ZelStatus zelsMulC_32sc_ISfs(Zel32sc val, Zel32sc* pSrcDst, int len, int scaleFactor);
+ZELS_API ZelStatus zelsMulC_32s_Sfs_L(const Zel32s* pSrc, Zel32s val, Zel32s* pDst, ZelSize len,
+                                      int scaleFactor);
+ZELS_API ZelStatus zelsMulC_32s_ISfs_L(Zel32s val, Zel32s* pSrcDst, ZelSize len, int scaleFactor);
+ZELS_API ZelStatus zelsMulC_64s_ISfs(Zel64s val, Zel64s* pSrcDst, int len, int scaleFactor);
+ZELS_API ZelStatus zelsMulC_16s_I(Zel16s val, Zel16s* pSrcDst, int len);
+/** @} */
+
+/** @name Scaled product added to the destination
+ *  `pSrcDst[n] = pSrcDst[n] + pSrc1[n] * pSrc2[n]`, scaled: the accumulator stands inside the scaling, and
+ * its old value does not keep its scale.
+ *  @param pSrc1 first source
+ *  @param pSrc2 second source
+ *  @param pSrcDst accumulator and destination
+ *  @param len length in elements
+ *  @param scaleFactor scale factor, any value
+ *  @return #zelErrNullPtr for a null pointer, else #zelErrSize for a length below 1, else #zelStatusOk
+ *  @{
+ */
+ZELS_API ZelStatus zelsAddProduct_16s_Sfs(const Zel16s* pSrc1, const Zel16s* pSrc2, Zel16s* pSrcDst, int len,
+                                          int scaleFactor);
+ZELS_API ZelStatus zelsAddProduct_16s32s_Sfs(const Zel16s* pSrc1, const Zel16s* pSrc2, Zel32s* pSrcDst,
+                                             int len, int scaleFactor);
+ZELS_API ZelStatus zelsAddProduct_32s_Sfs(const Zel32s* pSrc1, const Zel32s* pSrc2, Zel32s* pSrcDst, int len,
+                                          int scaleFactor);
+/** @} */
+
+/** @} */
+
 /** @defgroup convert Conversion
  *  A vector of one element type into a vector of another.
  *  @{
