@@ -683,29 +683,195 @@ ZELS_API ZelStatus zelsAddProduct_32s_Sfs(const Zel32s* pSrc1, const Zel32s* pSr
 /** @} */
 
 /** @defgroup convert Conversion
- *  A vector of one element type into a vector of another.
+ *  A vector of one element type into a vector of another. With a scale factor the value is multiplied by
+ *  2^(-scaleFactor); any int is a valid factor. A 24-bit element is three packed bytes, low byte first, at
+ * any address, and its arrays are of type #Zel8u; `len` counts elements.
  *  @{
  */
 
-/** `pDst[n] = pSrc[n]`, exactly.
+/** @name Widening
+ *  `pDst[n] = pSrc[n]`, exactly. A NaN keeps its payload where the source is #Zel16f. From 699051 elements on
+ *  zelsConvert_16s32s writes past the caches, zelsConvert_32f64f from 349526 on.
  *  @param pSrc source
  *  @param pDst destination
  *  @param len length in elements
  *  @return #zelErrNullPtr for a null pointer, else #zelErrSize for a length below 1, else #zelStatusOk
+ *  @{
  */
+ZELS_API ZelStatus zelsConvert_8s16s(const Zel8s* pSrc, Zel16s* pDst, int len);
+ZELS_API ZelStatus zelsConvert_8s32f(const Zel8s* pSrc, Zel32f* pDst, int len);
+ZELS_API ZelStatus zelsConvert_8u32f(const Zel8u* pSrc, Zel32f* pDst, int len);
 ZELS_API ZelStatus zelsConvert_16s32f(const Zel16s* pSrc, Zel32f* pDst, int len);
+ZELS_API ZelStatus zelsConvert_16s32s(const Zel16s* pSrc, Zel32s* pDst, int len);
+ZELS_API ZelStatus zelsConvert_16u32f(const Zel16u* pSrc, Zel32f* pDst, int len);
+ZELS_API ZelStatus zelsConvert_16f32f(const Zel16f* pSrc, Zel32f* pDst, int len);
+ZELS_API ZelStatus zelsConvert_24s32f(const Zel8u* pSrc, Zel32f* pDst, int len);
+ZELS_API ZelStatus zelsConvert_24u32f(const Zel8u* pSrc, Zel32f* pDst, int len);
+ZELS_API ZelStatus zelsConvert_24s32s(const Zel8u* pSrc, Zel32s* pDst, int len);
+ZELS_API ZelStatus zelsConvert_24u32u(const Zel8u* pSrc, Zel32u* pDst, int len);
+ZELS_API ZelStatus zelsConvert_32s64f(const Zel32s* pSrc, Zel64f* pDst, int len);
+ZELS_API ZelStatus zelsConvert_32f64f(const Zel32f* pSrc, Zel64f* pDst, int len);
+/** @} */
 
-/** `pSrc[n] * 2^(-scaleFactor)`, clamped to the range of #Zel16s and rounded. A NaN gives -32768.
+/** @name To floats by the caller's rounding mode
+ *  `pDst[n] = pSrc[n]`, rounded by the mode that the processor is in.
  *  @param pSrc source
  *  @param pDst destination
  *  @param len length in elements
- *  @param rnd 0 truncates, 1 rounds to nearest, ties to even; every other value adds one half with the sign
- * of the value in single precision and truncates, so that 0.49999997 gives 1
+ *  @return #zelErrNullPtr for a null pointer, else #zelErrSize for a length below 1, else #zelStatusOk
+ *  @{
+ */
+ZELS_API ZelStatus zelsConvert_32s32f(const Zel32s* pSrc, Zel32f* pDst, int len);
+ZELS_API ZelStatus zelsConvert_64s64f(const Zel64s* pSrc, Zel64f* pDst, int len);
+ZELS_API ZelStatus zelsConvert_64f32f(const Zel64f* pSrc, Zel32f* pDst, int len);
+/** @} */
+
+/** @name Scaled integers to floats
+ *  The value converted, then multiplied by 2^(-scaleFactor) unless that is 1. From 419431 elements on
+ *  zelsConvert_16s64f_Sfs writes past the caches.
+ *  @param pSrc source
+ *  @param pDst destination
+ *  @param len length in elements
  *  @param scaleFactor scale factor, any value
  *  @return #zelErrNullPtr for a null pointer, else #zelErrSize for a length below 1, else #zelStatusOk
+ *  @{
  */
+ZELS_API ZelStatus zelsConvert_16s32f_Sfs(const Zel16s* pSrc, Zel32f* pDst, int len, int scaleFactor);
+ZELS_API ZelStatus zelsConvert_16s64f_Sfs(const Zel16s* pSrc, Zel64f* pDst, int len, int scaleFactor);
+ZELS_API ZelStatus zelsConvert_32s32f_Sfs(const Zel32s* pSrc, Zel32f* pDst, int len, int scaleFactor);
+ZELS_API ZelStatus zelsConvert_32s64f_Sfs(const Zel32s* pSrc, Zel64f* pDst, int len, int scaleFactor);
+/** @} */
+
+/** @name Floats to integers
+ *  The value times 2^(-scaleFactor), clamped to the range of the destination and rounded. What is at or above
+ * the largest integer gives the largest integer, even where no float holds it. A NaN gives the smallest.
+ *  @param pSrc source
+ *  @param pDst destination
+ *  @param len length in elements
+ *  @param rnd #zelRndZero truncates, #zelRndNear rounds to nearest, ties to even; every other value adds one
+ * half with the sign of the value in the float type of the source, rounded to nearest, and truncates, so that
+ * 0.49999997f gives 1
+ *  @param scaleFactor scale factor, any value
+ *  @return #zelErrNullPtr for a null pointer, else #zelErrSize for a length below 1, else #zelStatusOk
+ *  @{
+ */
+ZELS_API ZelStatus zelsConvert_32f8s_Sfs(const Zel32f* pSrc, Zel8s* pDst, int len, ZelRoundMode rnd,
+                                         int scaleFactor);
+ZELS_API ZelStatus zelsConvert_32f8u_Sfs(const Zel32f* pSrc, Zel8u* pDst, int len, ZelRoundMode rnd,
+                                         int scaleFactor);
 ZELS_API ZelStatus zelsConvert_32f16s_Sfs(const Zel32f* pSrc, Zel16s* pDst, int len, ZelRoundMode rnd,
                                           int scaleFactor);
+ZELS_API ZelStatus zelsConvert_32f16u_Sfs(const Zel32f* pSrc, Zel16u* pDst, int len, ZelRoundMode rnd,
+                                          int scaleFactor);
+ZELS_API ZelStatus zelsConvert_32f32s_Sfs(const Zel32f* pSrc, Zel32s* pDst, int len, ZelRoundMode rnd,
+                                          int scaleFactor);
+ZELS_API ZelStatus zelsConvert_64f8s_Sfs(const Zel64f* pSrc, Zel8s* pDst, int len, ZelRoundMode rnd,
+                                         int scaleFactor);
+ZELS_API ZelStatus zelsConvert_64f8u_Sfs(const Zel64f* pSrc, Zel8u* pDst, int len, ZelRoundMode rnd,
+                                         int scaleFactor);
+ZELS_API ZelStatus zelsConvert_64f16s_Sfs(const Zel64f* pSrc, Zel16s* pDst, int len, ZelRoundMode rnd,
+                                          int scaleFactor);
+ZELS_API ZelStatus zelsConvert_64f16u_Sfs(const Zel64f* pSrc, Zel16u* pDst, int len, ZelRoundMode rnd,
+                                          int scaleFactor);
+ZELS_API ZelStatus zelsConvert_64f32s_Sfs(const Zel64f* pSrc, Zel32s* pDst, int len, ZelRoundMode rnd,
+                                          int scaleFactor);
+ZELS_API ZelStatus zelsConvert_64f64s_Sfs(const Zel64f* pSrc, Zel64s* pDst, int len, ZelRoundMode rnd,
+                                          int scaleFactor);
+/** @} */
+
+/** @name Floats to packed 24-bit integers
+ *  The value times 2^(-scaleFactor), clamped to the range of the destination and rounded to nearest, ties to
+ * even. A NaN gives the smallest integer.
+ *  @param pSrc source
+ *  @param pDst destination
+ *  @param len length in elements
+ *  @param scaleFactor scale factor, any value
+ *  @return #zelErrNullPtr for a null pointer, else #zelErrSize for a length below 1, else #zelStatusOk
+ *  @{
+ */
+ZELS_API ZelStatus zelsConvert_32f24s_Sfs(const Zel32f* pSrc, Zel8u* pDst, int len, int scaleFactor);
+ZELS_API ZelStatus zelsConvert_32f24u_Sfs(const Zel32f* pSrc, Zel8u* pDst, int len, int scaleFactor);
+/** @} */
+
+/** @name Narrowing integers by saturation
+ *  `pDst[n] = pSrc[n]`, saturated: of zelsConvert_8s8u a negative value gives 0. From 699051 elements on
+ *  zelsConvert_32s16s writes past the caches.
+ *  @param pSrc source
+ *  @param pDst destination
+ *  @param len length in elements
+ *  @return #zelErrNullPtr for a null pointer, else #zelErrSize for a length below 1, else #zelStatusOk
+ *  @{
+ */
+ZELS_API ZelStatus zelsConvert_8s8u(const Zel8s* pSrc, Zel8u* pDst, int len);
+ZELS_API ZelStatus zelsConvert_32s16s(const Zel32s* pSrc, Zel16s* pDst, int len);
+/** @} */
+
+/** @name Narrowing integers with a scale factor
+ *  The value times 2^(-scaleFactor), rounded to nearest, ties to even, and saturated. A factor above 31 acts
+ * as 31, so that the most negative value still gives -1.
+ *  @param pSrc source
+ *  @param pDst destination
+ *  @param len length in elements
+ *  @param scaleFactor scale factor, any value
+ *  @return #zelErrNullPtr for a null pointer, else #zelErrSize for a length below 1, else #zelStatusOk
+ *  @{
+ */
+ZELS_API ZelStatus zelsConvert_32s16s_Sfs(const Zel32s* pSrc, Zel16s* pDst, int len, int scaleFactor);
+ZELS_API ZelStatus zelsConvert_32s24s_Sfs(const Zel32s* pSrc, Zel8u* pDst, int len, int scaleFactor);
+ZELS_API ZelStatus zelsConvert_32u24u_Sfs(const Zel32u* pSrc, Zel8u* pDst, int len, int scaleFactor);
+/** @} */
+
+/** @name Narrowing integers with a rounding mode and a scale factor
+ *  The value times 2^(-scaleFactor), rounded once from the exact quotient, and saturated.
+ *  @param pSrc source
+ *  @param pDst destination
+ *  @param len length in elements
+ *  @param rnd #zelRndZero truncates, #zelRndNear rounds to nearest, ties to even, every other value to
+ * nearest, ties away from zero
+ *  @param scaleFactor scale factor, any value
+ *  @return #zelErrNullPtr for a null pointer, else #zelErrSize for a length below 1, else #zelStatusOk
+ *  @{
+ */
+ZELS_API ZelStatus zelsConvert_8u8s_Sfs(const Zel8u* pSrc, Zel8s* pDst, int len, ZelRoundMode rnd,
+                                        int scaleFactor);
+ZELS_API ZelStatus zelsConvert_16s8s_Sfs(const Zel16s* pSrc, Zel8s* pDst, int len, ZelRoundMode rnd,
+                                         int scaleFactor);
+ZELS_API ZelStatus zelsConvert_64s32s_Sfs(const Zel64s* pSrc, Zel32s* pDst, int len, ZelRoundMode rnd,
+                                          int scaleFactor);
+/** @} */
+
+/** @name To half precision
+ *  `pDst[n] = pSrc[n]`, rounded from the value of single precision, whatever the caller's rounding mode. What
+ * is too large becomes an infinity, or the largest half where it is truncated. A NaN stays one.
+ *  @param pSrc source
+ *  @param pDst destination
+ *  @param len length in elements
+ *  @param rnd #zelRndNear rounds to nearest, ties to even, #zelRndZero truncates, #zelRndFinancial is
+ * refused; every other value truncates in zelsConvert_16s16f and rounds to nearest, ties away from zero, in
+ * zelsConvert_32f16f
+ *  @return #zelErrNullPtr for a null pointer, else #zelErrSize for a length below 1, else #zelErrRoundMode
+ * for #zelRndFinancial, else #zelStatusOk
+ *  @{
+ */
+ZELS_API ZelStatus zelsConvert_16s16f(const Zel16s* pSrc, Zel16f* pDst, int len, ZelRoundMode rnd);
+ZELS_API ZelStatus zelsConvert_32f16f(const Zel32f* pSrc, Zel16f* pDst, int len, ZelRoundMode rnd);
+/** @} */
+
+/** @name From half precision to integers
+ *  The value times 2^(-scaleFactor), clamped to the range of #Zel16s and rounded. A NaN gives -32768.
+ *  @param pSrc source
+ *  @param pDst destination
+ *  @param len length in elements
+ *  @param rnd #zelRndZero truncates, #zelRndNear rounds to nearest, ties to even, #zelRndFinancial is
+ * refused; every other value rounds as it does from floats
+ *  @param scaleFactor scale factor, any value
+ *  @return #zelErrNullPtr for a null pointer, else #zelErrSize for a length below 1, else #zelErrRoundMode
+ * for #zelRndFinancial, else #zelStatusOk
+ *  @{
+ */
+ZELS_API ZelStatus zelsConvert_16f16s_Sfs(const Zel16f* pSrc, Zel16s* pDst, int len, ZelRoundMode rnd,
+                                          int scaleFactor);
+/** @} */
 
 /** @} */
 

@@ -87,8 +87,8 @@ inline OwnsVec<T> ownsSticky16(OwnsHalves16<T> x)
 
 // Products of 32-bit elements, in 64-bit lanes.
 
-/// The products of the elements in even and in odd places, at most 2^63 - 2^31 in magnitude, so that they
-/// have room to be rounded in up to a shift of 31.
+/// Four exact values, those of the elements in even places and those in odd ones; at most 2^63 - 2^31 in
+/// magnitude, so that they have room to be rounded in up to a shift of 31.
 struct OwnsLanes64 {
     __m128i even, odd;
 
@@ -103,6 +103,53 @@ struct OwnsLanes64 {
         return _mm_castps_si128(_mm_shuffle_ps(_mm_castsi128_ps(even), _mm_castsi128_ps(odd), order));
     }
 };
+
+inline OwnsVec<Zel32s> ownsSaturated32(OwnsLanes64 x)
+{
+    return ownsOrSaturated(x.low(), _mm_cmpeq_epi32(ownsInt(x.high()), ownsNegative(x.low())), x.high());
+}
+
+/// The addend that makes a floor of a rounding to nearest with ties to even: one half, less one on even ties.
+inline auto ownsNearestAddend64(int shift)
+{
+    const __m128i below = _mm_set1_epi64x(static_cast<Zel64s>((Zel64u{2} << shift) - 1));
+    const __m128i half = _mm_set1_epi64x(Zel64s{1} << (shift - 1));
+    return [=](__m128i x) { return _mm_add_epi64(_mm_cmpeq_epi64(_mm_and_si128(x, below), half), half); };
+}
+
+/// The floor of (x + addend(x)) / 2^shift, saturated; 1 <= shift <= 31. The result fits where what lies above
+/// it in the high half is all sign.
+template <class Addend>
+inline OwnsVec<Zel32s> ownsFloorRight32(OwnsLanes64 x, int shift, Addend addend)
+{
+    const OwnsLanes64 sum{_mm_add_epi64(x.even, addend(x.even)), _mm_add_epi64(x.odd, addend(x.odd))};
+    const __m128i count = ownsCount(shift);
+    const OwnsLanes64 shifted{_mm_srl_epi64(sum.even, count), _mm_srl_epi64(sum.odd, count)};
+    const OwnsVec<Zel32s> high = sum.high();
+    const __m128i above = _mm_sra_epi32(ownsInt(high), ownsCount(shift - 1));
+    return ownsOrSaturated(shifted.low(), _mm_cmpeq_epi32(above, ownsNegative(high)), high);
+}
+
+/// Divided by 2^shift, rounded, saturated; 1 <= shift <= 31.
+inline OwnsVec<Zel32s> ownsRoundedRight32(OwnsLanes64 x, int shift)
+{
+    return ownsFloorRight32(x, shift, ownsNearestAddend64(shift));
+}
+
+/// Divided by 2^32, rounded, saturated.
+inline OwnsVec<Zel32s> ownsRoundedWord32(OwnsLanes64 x)
+{
+    const OwnsVec<Zel32s> overHalf = x.low() ^ INT32_MIN;
+    const OwnsVec<Zel32s> up = (overHalf > -(x.high() & 1)) & (x.high() != INT32_MAX);
+    return x.high() - up;
+}
+
+/// Divided by 2^(32 + shift), rounded; 1 <= shift <= 31.
+inline OwnsVec<Zel32s> ownsRoundedFar32(OwnsLanes64 x, int shift)
+{
+    const __m128i sticky = _mm_min_epu32(ownsInt(x.low()), _mm_set1_epi32(1));
+    return ownsRoundedRight(x.high(), ownsAs<Zel32s>(sticky), shift);
+}
 
 /// Elements in their own order again.
 inline OwnsVec<Zel32s> ownsInOrder(OwnsVec<Zel32s> x)
@@ -119,46 +166,6 @@ inline __m128i ownsOddPlaces(OwnsVec<Zel32s> x)
 inline OwnsLanes64 ownsProducts64(OwnsVec<Zel32s> a, OwnsVec<Zel32s> b)
 {
     return {_mm_mul_epi32(ownsInt(a), ownsInt(b)), _mm_mul_epi32(ownsOddPlaces(a), ownsOddPlaces(b))};
-}
-
-inline OwnsVec<Zel32s> ownsSaturated32(OwnsLanes64 x)
-{
-    const OwnsVec<Zel32s> high = x.high();
-    return ownsInOrder(ownsOrSaturated(x.low(), _mm_cmpeq_epi32(ownsInt(high), ownsNegative(x.low())), high));
-}
-
-/// Divided by 2^shift, rounded, saturated; 1 <= shift <= 31. The result fits where what lies above it in the
-/// high half is all sign.
-inline OwnsVec<Zel32s> ownsRoundedRight32(OwnsLanes64 x, int shift)
-{
-    const __m128i below = _mm_set1_epi64x(static_cast<Zel64s>((Zel64u{2} << shift) - 1));
-    const __m128i half = _mm_set1_epi64x(Zel64s{1} << (shift - 1));
-    const auto raised = [=](__m128i v) {
-        const __m128i evenTie = _mm_cmpeq_epi64(_mm_and_si128(v, below), half);
-        return _mm_add_epi64(_mm_add_epi64(v, evenTie), half);
-    };
-    const OwnsLanes64 sum{raised(x.even), raised(x.odd)};
-    const __m128i count = ownsCount(shift);
-    const OwnsLanes64 shifted{_mm_srl_epi64(sum.even, count), _mm_srl_epi64(sum.odd, count)};
-    const OwnsVec<Zel32s> high = sum.high();
-    const __m128i above = _mm_sra_epi32(ownsInt(high), ownsCount(shift - 1));
-    return ownsInOrder(ownsOrSaturated(shifted.low(), _mm_cmpeq_epi32(above, ownsNegative(high)), high));
-}
-
-/// Divided by 2^32, rounded, saturated.
-inline OwnsVec<Zel32s> ownsRoundedWord32(OwnsLanes64 x)
-{
-    const OwnsVec<Zel32s> high = x.high();
-    const OwnsVec<Zel32s> overHalf = x.low() ^ INT32_MIN;
-    const OwnsVec<Zel32s> up = (overHalf > -(high & 1)) & (high != INT32_MAX);
-    return ownsInOrder(high - up);
-}
-
-/// Divided by 2^(32 + shift), rounded; 1 <= shift <= 31.
-inline OwnsVec<Zel32s> ownsRoundedFar32(OwnsLanes64 x, int shift)
-{
-    const OwnsVec<Zel32s> sticky = ownsAs<Zel32s>(_mm_min_epu32(ownsInt(x.low()), _mm_set1_epi32(1)));
-    return ownsInOrder(ownsRoundedRight(x.high(), sticky, shift));
 }
 
 // The sign of a product, without a product.
@@ -293,7 +300,10 @@ struct OwnsProduct32sc {
         const __m128i wrapped = _mm_cmpeq_epi64(im, _mm_set1_epi64x(INT64_MIN));
         return {re, _mm_add_epi64(im, _mm_slli_epi64(wrapped, 32))};
     }
-    static V apply(OwnsBySign, V a, V b) { return ownsSaturatedBySign(ownsSaturated32(exact(a, b))); }
+    static V apply(OwnsBySign, V a, V b)
+    {
+        return ownsInOrder(ownsSaturatedBySign(ownsSaturated32(exact(a, b))));
+    }
 };
 
 /// sum + a * b of 32s elements.
@@ -309,7 +319,7 @@ struct OwnsAddProduct32s {
     }
     static V apply(OwnsBySign, V sum, V a, V b)
     {
-        return ownsSaturatedBySign(ownsSaturated32(exact(sum, a, b)));
+        return ownsInOrder(ownsSaturatedBySign(ownsSaturated32(exact(sum, a, b))));
     }
 };
 
@@ -321,32 +331,32 @@ struct OwnsInLanes64 : Op {
     template <class... S>
     static V apply(OwnsUnscaled, S... s)
     {
-        return ownsSaturated32(Op::exact(s...));
+        return ownsInOrder(ownsSaturated32(Op::exact(s...)));
     }
     template <class... S>
     static V apply(OwnsHalved, S... s)
     {
-        return ownsRoundedRight32(Op::exact(s...), 1);
+        return ownsInOrder(ownsRoundedRight32(Op::exact(s...), 1));
     }
     template <class... S>
     static V apply(OwnsShiftedRight path, S... s)
     {
-        return ownsRoundedRight32(Op::exact(s...), path.shift);
+        return ownsInOrder(ownsRoundedRight32(Op::exact(s...), path.shift));
     }
     template <class... S>
     static V apply(OwnsShiftedWord, S... s)
     {
-        return ownsRoundedWord32(Op::exact(s...));
+        return ownsInOrder(ownsRoundedWord32(Op::exact(s...)));
     }
     template <class... S>
     static V apply(OwnsShiftedFar path, S... s)
     {
-        return ownsRoundedFar32(Op::exact(s...), path.shift);
+        return ownsInOrder(ownsRoundedFar32(Op::exact(s...), path.shift));
     }
     template <class... S>
     static V apply(OwnsShiftedLeft path, S... s)
     {
-        return ownsShiftedLeft(ownsSaturated32(Op::exact(s...)), path.shift);
+        return ownsInOrder(ownsShiftedLeft(ownsSaturated32(Op::exact(s...)), path.shift));
     }
 };
 

@@ -57,6 +57,12 @@ inline OwnsVec<Zel32s> ownsHalvedEven(OwnsVec<Zel32s> x)
     return floor + (x & floor & 1);
 }
 
+inline OwnsVec<Zel32u> ownsHalvedEven(OwnsVec<Zel32u> x)
+{
+    const OwnsVec<Zel32u> floor = x >> 1;
+    return floor + (x & floor & 1);
+}
+
 // Exact values of one bit more than a lane holds: twice `floor` plus the lowest bit of `lost`. The sum or
 // difference of two elements is such a value.
 
@@ -156,6 +162,13 @@ inline OwnsVec<Zel32s> ownsShiftedLeft(OwnsVec<Zel32s> x, int shift)
     return ownsOrSaturated(ownsAs<Zel32s>(shifted), _mm_cmpeq_epi32(back, ownsInt(x)), x);
 }
 
+inline OwnsVec<Zel32u> ownsShiftedLeft(OwnsVec<Zel32u> x, int shift)
+{
+    const __m128i beyond = _mm_srl_epi32(ownsInt(x), ownsCount(32 - shift));
+    const __m128i fits = _mm_cmpeq_epi32(beyond, _mm_setzero_si128());
+    return ownsAs<Zel32u>(_mm_or_si128(_mm_sll_epi32(ownsInt(x), ownsCount(shift)), ~fits));
+}
+
 /// 0 where x is 0, else the end of the range that its sign names.
 inline OwnsVec<Zel8u> ownsSaturatedBySign(OwnsVec<Zel8u> x)
 {
@@ -174,4 +187,8 @@ inline OwnsVec<Zel32s> ownsSaturatedBySign(OwnsVec<Zel32s> x)
 {
     const __m128i positive = _mm_cmpgt_epi32(ownsInt(x), _mm_setzero_si128());
     return ownsAs<Zel32s>(_mm_srli_epi32(positive, 1)) | (x & INT32_MIN);
+}
+inline OwnsVec<Zel32u> ownsSaturatedBySign(OwnsVec<Zel32u> x)
+{
+    return ownsAs<Zel32u>(~_mm_cmpeq_epi32(ownsInt(x), _mm_setzero_si128()));
 }
