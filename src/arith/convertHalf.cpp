@@ -36,10 +36,7 @@ OwnsVec<Zel32f> floats(OwnsVec<Zel16f> x)
     return _mm_castsi128_ps(floatBits(_mm_cvtepu16_epi32(ownsInt(x))));
 }
 
-struct Widen16f32f {
-    Zel32f operator()(Zel16f x) const { return floats(ownsSplat<Zel16f>(x))[0]; }
-    OwnsVec<Zel32f> operator()(OwnsVec<Zel16f> x) const { return floats(x); }
-};
+constexpr auto widen16f = [](OwnsVec<Zel16f> x) { return floats(x); };
 
 // How a magnitude loses its low bits, by the selector. `normal` takes the bits of a float with the bias of a
 // half and rounds them off, carrying into the exponent where it must; `subnormal` rounds a count of 2^-24, at
@@ -130,7 +127,7 @@ ZelStatus refuse(ZelStatus status, ZelRoundMode rnd)
 
 ZelStatus zelsConvert_16f32f(const Zel16f* pSrc, Zel32f* pDst, int len)
 {
-    return ownsRun<shape_32f>(Widen16f32f{}, pDst, len, pSrc);
+    return ownsRun<shape_32f>(widen16f, pDst, len, pSrc);
 }
 
 ZelStatus zelsConvert_32f16f(const Zel32f* pSrc, Zel16f* pDst, int len, ZelRoundMode rnd)

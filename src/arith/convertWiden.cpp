@@ -60,8 +60,6 @@ template <class F, class Scale>
 struct ToFloat {
     Scale scale;
 
-    template <class S>
-    requires std::is_arithmetic_v<S> F operator()(S x) const { return scale(static_cast<F>(x)); }
     template <class V>
     OwnsVec<F> operator()(V x) const
     {
@@ -77,7 +75,6 @@ constexpr ToFloat<Zel32f, decltype(unscaled)> to32f{unscaled};
 constexpr ToFloat<Zel64f, decltype(unscaled)> to64f{unscaled};
 
 struct Narrow64f32f {
-    Zel32f operator()(Zel64f x) const { return static_cast<Zel32f>(x); }
     OwnsVec<Zel32f> operator()(OwnsVecs<Zel64f, 2> x) const
     {
         return _mm_movelh_ps(_mm_cvtpd_ps(x.v[0]), _mm_cvtpd_ps(x.v[1]));
