@@ -38,11 +38,13 @@ template <class Op, class D, class... S>
     if constexpr (OwnsEstimates<Op>) {
         for (const ZelSize end = i + rest; i < end; i++)
             ownsPut(pDst + i, op(ownsGet(pSrc + i)...));
+    } else if constexpr (lanes > 4) {
+        // A step for each bit would be a copy of the operation for each.
+        if (const int n = rest & (lanes - 1); n != 0) {
+            ownsStorePart(pDst + i, op(ownsTakePart<D>(pSrc + i, n)...), n);
+            i += n;
+        }
     } else {
-        if constexpr (lanes > 8)
-            part<8>(op, pDst, i, rest, pSrc...);
-        if constexpr (lanes > 4)
-            part<4>(op, pDst, i, rest, pSrc...);
         if constexpr (lanes > 2)
             part<2>(op, pDst, i, rest, pSrc...);
         if constexpr (lanes > 1)
