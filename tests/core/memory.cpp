@@ -45,8 +45,9 @@ void expectForms(T* (*plain)(int), T* (*wide)(ZelSize))
                               INT64_MAX / 4, INT64_MAX / 4 + 1, INT64_MAX / 2, INT64_MAX / 2 + 1, INT64_MAX})
         EXPECT_EQ(wide(len), nullptr) << len;
     // The bytes of this length are 2^64 and one element.
-    if (sizeof(T) > 2)
+    if (sizeof(T) > 2) {
         EXPECT_EQ(wide(static_cast<ZelSize>((Wide{1} << 64) / static_cast<int>(sizeof(T))) + 1), nullptr);
+    }
 }
 
 } // namespace

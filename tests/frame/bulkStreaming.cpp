@@ -92,7 +92,7 @@ void expectSetLimit(T val, int limit)
     // Single bytes stream from the cache size on, wider elements above it.
     const auto streams = [&](Zel64u size) {
         cacheSize = size;
-        return trace([&] { probesOfSet(above, val); }, 500).streamingStores > 0;
+        return trace([&] { probesOfSet(above, val); }, 1000, untilStreaming).streamingStores > 0;
     };
     const Zel64u bytes = static_cast<Zel64u>((limit + 1) * width);
     EXPECT_EQ(streams(bytes - 1), true) << width;
@@ -172,7 +172,7 @@ TEST(BulkStreaming, fencesWhatItStreams)
     // From the last page but one on: the fills write the last vector first.
     const auto ofEnd = [&](auto call) {
         Zel8u* const last = pDst + bytes;
-        return traceFrom(last - reinterpret_cast<std::uintptr_t>(last) % 4096 - 8192, call, 20000);
+        return traceFrom(last - reinterpret_cast<std::uintptr_t>(last) % 4096 - 8192, call, 60000);
     };
     const auto copy = [&] { madeUp::ownsCopyBytes(arrays.source.data(), pDst, bytes); };
     const auto clear = [&] { madeUp::ownsZeroBytes(pDst, bytes); };

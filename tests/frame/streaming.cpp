@@ -71,7 +71,8 @@ TEST(Streaming, beginsAtTheLengthsOfTheTable)
         // The decision falls before the body, whose first rounds are among these steps.
         const auto streams = [&](int len, int offset) {
             const Trace seen =
-                trace([&] { kernel.call({source.begin()}, {destination.begin() + offset}, len); }, 300);
+                trace([&] { kernel.call({source.begin()}, {destination.begin() + offset}, len); }, 1000,
+                      untilStreaming);
             EXPECT_EQ(seen.fences, 0) << kernel.name;
             EXPECT_EQ(seen.cpuids, 0) << kernel.name;
             return seen.streamingStores > 0;

@@ -7,14 +7,12 @@
 #include <string>
 #include <unistd.h>
 
-#if defined(__SANITIZE_ADDRESS__) || (defined(__has_feature) && __has_feature(address_sanitizer))
-/// Tests ask for more memory than there is: like other allocators, the sanitizer's gives null then.
+/// For builds under the address sanitizer: tests ask for more memory than there is, and want null then.
 extern "C" const char* __asan_default_options();
 extern "C" const char* __asan_default_options()
 {
     return "allocator_may_return_null=1";
 }
-#endif
 
 namespace support {
 

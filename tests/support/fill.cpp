@@ -102,8 +102,9 @@ void fillAs(Random& random, Fill how, const Values& values, T* p, std::size_t n)
         }
         break;
     case Fill::extremes:
+        // Now and then a run of one of them.
         for (std::size_t i = 0; i < n; i++)
-            p[i] = pick();
+            p[i] = i % 128 > 96 ? p[i - 1] : pick();
         break;
     case Fill::mixed:
         for (std::size_t i = 0; i < n; i++)
@@ -117,7 +118,7 @@ void fillAs(Random& random, Fill how, const Values& values, T* p, std::size_t n)
         T value{};
         for (std::size_t i = 0; i < n; i++) {
             if (i % 256 == 0)
-                value = random.below(3) == 0 ? pick() : ordinary<T>(random, values);
+                value = random.below(3) == 0 ? small<T>(random) : ordinary<T>(random, values);
             p[i] = value;
         }
         break;

@@ -14,6 +14,7 @@ constexpr long long trapFlag = 0x100;
 Trace current;
 long long stepsWanted;
 void* firstPage;
+bool endsAtStreaming;
 constexpr std::size_t pageBytes = 4096;
 
 /// Counts the instruction that is about to be executed.
@@ -45,7 +46,7 @@ void onStep(int, siginfo_t*, void* context)
 {
     auto& registers = static_cast<ucontext_t*>(context)->uc_mcontext.gregs;
     look(reinterpret_cast<const unsigned char*>(registers[REG_RIP]));
-    if (++current.steps >= stepsWanted)
+    if (++current.steps >= stepsWanted || (endsAtStreaming && current.streamingStores > 0))
         registers[REG_EFL] &= ~trapFlag;
 }
 
@@ -72,7 +73,7 @@ void setTrapFlag(bool on)
 
 namespace detail {
 
-Trace traceCall(void (*call)(void*), void* argument, long long steps, void* fromPage)
+Trace traceCall(void (*call)(void*), void* argument, long long steps, void* fromPage, bool onlyToStreaming)
 {
     struct sigaction action = {};
     struct sigaction formerTrap = {};
@@ -85,6 +86,7 @@ Trace traceCall(void (*call)(void*), void* argument, long long steps, void* from
     current = {};
     stepsWanted = steps;
     firstPage = fromPage;
+    endsAtStreaming = onlyToStreaming;
     if (fromPage)
         mprotect(fromPage, pageBytes, PROT_NONE);
     else

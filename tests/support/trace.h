@@ -11,12 +11,15 @@ struct Trace {
     long long cpuids = 0;
 };
 
+/// Ends the steps once a streaming store was seen.
+inline constexpr bool untilStreaming = true;
+
 /// Whether this machine can step; an emulator may not.
 bool canTrace();
 
 namespace detail {
 
-Trace traceCall(void (*call)(void*), void* argument, long long steps, void* fromPage = nullptr);
+Trace traceCall(void (*call)(void*), void* argument, long long steps, void* fromPage, bool onlyToStreaming);
 
 } // namespace detail
 
@@ -24,14 +27,16 @@ Trace traceCall(void (*call)(void*), void* argument, long long steps, void* from
 template <class Call>
 Trace traceFrom(void* page, Call call, long long steps)
 {
-    return detail::traceCall([](void* argument) { (*static_cast<Call*>(argument))(); }, &call, steps, page);
+    return detail::traceCall([](void* argument) { (*static_cast<Call*>(argument))(); }, &call, steps, page,
+                             false);
 }
 
 /// Runs `call`, the first `steps` instructions one at a time and the rest at full speed.
 template <class Call>
-Trace trace(Call call, long long steps = 5000)
+Trace trace(Call call, long long steps = 5000, bool onlyToStreaming = false)
 {
-    return detail::traceCall([](void* argument) { (*static_cast<Call*>(argument))(); }, &call, steps);
+    return detail::traceCall([](void* argument) { (*static_cast<Call*>(argument))(); }, &call, steps, nullptr,
+                             onlyToStreaming);
 }
 
 } // namespace support
