@@ -125,7 +125,7 @@ class Runner {
             });
         }
         // Lengths at which kernels begin to align, and of every rest.
-        for (int i = 0; i < 24 * options.repeats && good(); i++) {
+        for (int i = 0; options.block > 0 && i < 24 * options.repeats && good(); i++) {
             const ZelSize len = shortest + 1 + random.below(20 * options.block);
             for (int k = 0; k < 4 && good(); k++)
                 offsetCase(len, static_cast<int>(random.below(16)), k % 2 == 0, none);
