@@ -6,8 +6,9 @@
 #include "frame/zelsKernelConventions.h"
 
 // An operation is a callable that takes one vector for each source and gives a destination vector. Peel and
-// tail run it on partly filled vectors, so that one definition is enough. A source narrower than the
-// destination arrives in the low lanes of its vector, a wider one as OwnsVecs: see ownsTake.
+// tail run it on partly filled vectors, so that one definition is enough; an operation that must not mistake
+// the zeros behind the last element for elements has a form part(n, vectors...) for these. A source narrower
+// than the destination arrives in the low lanes of its vector, a wider one as OwnsVecs: see ownsTake.
 
 /// Marks an operation whose vectors estimate what single elements compute truly: it has a form for single
 /// elements too, and short vectors, peel and tail take that one.
@@ -19,6 +20,16 @@ concept OwnsEstimates = requires
 
 namespace owns_detail {
 
+/// The operation on vectors whose first `n` lanes hold elements.
+template <class Op, class... V>
+[[gnu::always_inline]] inline auto onPart(Op& op, int n, V... v)
+{
+    if constexpr (requires { op.part(n, v...); })
+        return op.part(n, v...);
+    else
+        return op(v...);
+}
+
 /// Fewer elements than a vector has lanes.
 template <class Op, class D, class... S>
 [[gnu::always_inline]] inline void few(Op& op, D* pDst, int n, const S*... pSrc)
@@ -28,18 +39,18 @@ template <class Op, class D, class... S>
             ownsPut(pDst + i, op(ownsGet(pSrc + i)...));
     } else if constexpr (ownsLanes<D> == 2) {
         if (n > 0)
-            ownsStorePart(pDst, op(ownsTakePart<D>(pSrc, 1)...), 1);
+            ownsStorePart(pDst, onPart(op, 1, ownsTakePart<D>(pSrc, 1)...), 1);
     } else if constexpr (ownsLanes<D> == 4) {
         // By the bits of the count: branches that a caller's usual length teaches the processor.
         if (n & 1)
-            ownsStorePart(pDst, op(ownsTakePart<D>(pSrc, 1)...), 1);
+            ownsStorePart(pDst, onPart(op, 1, ownsTakePart<D>(pSrc, 1)...), 1);
         if (n & 2) {
             const int at = n & 1;
-            ownsStorePart(pDst + at, op(ownsTakePart<D>(pSrc + at, 2)...), 2);
+            ownsStorePart(pDst + at, onPart(op, 2, ownsTakePart<D>(pSrc + at, 2)...), 2);
         }
     } else if constexpr (ownsLanes<D> > 4) {
         if (n > 0)
-            ownsStorePart(pDst, op(ownsTakePart<D>(pSrc, n)...), n);
+            ownsStorePart(pDst, onPart(op, n, ownsTakePart<D>(pSrc, n)...), n);
     }
 }
 
