@@ -111,7 +111,7 @@ ZelStatus zelsAddC_32f(const Zel32f* pSrc, Zel32f val, Zel32f* pDst, int len)
 {
     if (const ZelStatus status = ownsCheck(len, pSrc, pDst); status != zelStatusOk)
         return status;
-    if (val == 0)
+    if (val == 0) [[unlikely]]
         return copyUnwrapped(pSrc, pDst, len);
     ownsMap<shape_32f>(addConstant(val), pDst, len, pSrc);
     return zelStatusOk;
@@ -121,7 +121,7 @@ ZelStatus zelsAddC_32f_I(Zel32f val, Zel32f* pSrcDst, int len)
 {
     if (const ZelStatus status = ownsCheck(len, pSrcDst); status != zelStatusOk)
         return status;
-    if (val == 0)
+    if (val == 0) [[unlikely]]
         return zelStatusOk;
     ownsMap<shape_32f>(addConstant(val), pSrcDst, len, pSrcDst);
     return zelStatusOk;
@@ -141,7 +141,7 @@ ZelStatus zelsAddC_64f(const Zel64f* pSrc, Zel64f val, Zel64f* pDst, int len)
 {
     if (const ZelStatus status = ownsCheck(len, pSrc, pDst); status != zelStatusOk)
         return status;
-    if (val == 0)
+    if (val == 0) [[unlikely]]
         return copyCountedInBytes(pSrc, pDst, len);
     ownsMap<shape_64f>(addConstant(val), pDst, len, pSrc);
     return zelStatusOk;
@@ -151,7 +151,7 @@ ZelStatus zelsAddC_64f_I(Zel64f val, Zel64f* pSrcDst, int len)
 {
     if (const ZelStatus status = ownsCheck(len, pSrcDst); status != zelStatusOk)
         return status;
-    if (val == 0)
+    if (val == 0) [[unlikely]]
         return zelStatusOk;
     ownsMap<shape_64f>(addConstant(val), pSrcDst, len, pSrcDst);
     return zelStatusOk;

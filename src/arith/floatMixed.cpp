@@ -1,5 +1,6 @@
 // Sums, differences and products of mixed element types.
 #include "frame/map.h"
+#include "frame/roundingMode.h"
 #include "frame/scale.h"
 #include "zels.h"
 
@@ -10,7 +11,6 @@ namespace {
 /// An operation on two 16s vectors in single precision; both conversions are exact.
 template <auto op>
 struct OnWidened16s {
-    Zel32f operator()(Zel16s a, Zel16s b) const { return op(static_cast<Zel32f>(a), static_cast<Zel32f>(b)); }
     OwnsVec<Zel32f> operator()(OwnsVec<Zel16s> a, OwnsVec<Zel16s> b) const
     {
         return op(ownsWidened32f(a), ownsWidened32f(b));
@@ -73,12 +73,17 @@ ZelStatus zelsMulC_Low_32f16s(const Zel32f* pSrc, Zel32f val, Zel16s* pDst, int 
     return ownsRun<shape_16s>(narrow, pDst, len, pSrc);
 }
 
+// Product and conversion round to nearest whatever the caller's mode. Packing saturates downwards by itself, and
+// cvtps2dq gives the most negative integer for a NaN and for whatever lies below its range; minps gives its
+// second operand for a NaN.
 ZelStatus zelsMulC_32f16s_Sfs(const Zel32f* pSrc, Zel32f val, Zel16s* pDst, int len, int scaleFactor)
 {
+    const OwnsNearestMode nearest;
     const Zel32f factor = scaledConstant(val, scaleFactor);
     const auto narrow = [factor](OwnsVecs<Zel32f, 2> x) {
-        return ownsNarrowed16s(ownsRoundedNear(ownsClamped16s(x.v[0] * factor)),
-                               ownsRoundedNear(ownsClamped16s(x.v[1] * factor)));
+        const __m128 most = _mm_set1_ps(32767.0f);
+        return ownsAs<Zel16s>(_mm_packs_epi32(_mm_cvtps_epi32(_mm_min_ps(most, x.v[0] * factor)),
+                                              _mm_cvtps_epi32(_mm_min_ps(most, x.v[1] * factor))));
     };
     return ownsRun<shape_16s>(narrow, pDst, len, pSrc);
 }

@@ -103,9 +103,9 @@ ZelStatus zelsMulC_32f(const Zel32f* pSrc, Zel32f val, Zel32f* pDst, int len)
 {
     if (const ZelStatus status = ownsCheck(len, pSrc, pDst); status != zelStatusOk)
         return status;
-    if (val == 1)
+    if (val == 1) [[unlikely]]
         return zelsCopy_32f(pSrc, pDst, len);
-    if (val == 0)
+    if (val == 0) [[unlikely]]
         return zelsZero_32f(pDst, len);
     ownsMap<shapeMulC_32f>(mulConstant(val), pDst, len, pSrc);
     return zelStatusOk;
@@ -115,9 +115,9 @@ ZelStatus zelsMulC_32f_I(Zel32f val, Zel32f* pSrcDst, int len)
 {
     if (const ZelStatus status = ownsCheck(len, pSrcDst); status != zelStatusOk)
         return status;
-    if (val == 1)
+    if (val == 1) [[unlikely]]
         return zelStatusOk;
-    if (val == 0)
+    if (val == 0) [[unlikely]]
         return zelsZero_32f(pSrcDst, len);
     ownsMap<shape_32f>(mulConstant(val), pSrcDst, len, pSrcDst);
     return zelStatusOk;
@@ -127,9 +127,9 @@ ZelStatus zelsMulC_32f_L(const Zel32f* pSrc, Zel32f val, Zel32f* pDst, ZelSize l
 {
     if (const ZelStatus status = ownsCheck(len, pSrc, pDst); status != zelStatusOk)
         return status;
-    if (val == 1)
+    if (val == 1) [[unlikely]]
         return ownsCopy(pSrc, pDst, len);
-    if (val == 0)
+    if (val == 0) [[unlikely]]
         return ownsZero(pDst, len);
     ownsMap<shapeMulC_32f>(mulConstant(val), pDst, len, pSrc);
     return zelStatusOk;
@@ -144,9 +144,9 @@ ZelStatus zelsMulC_64f(const Zel64f* pSrc, Zel64f val, Zel64f* pDst, int len)
 {
     if (const ZelStatus status = ownsCheck(len, pSrc, pDst); status != zelStatusOk)
         return status;
-    if (val == 1)
+    if (val == 1) [[unlikely]]
         return zelsCopy_64f(pSrc, pDst, len);
-    if (val == 0)
+    if (val == 0) [[unlikely]]
         return zelsZero_64f(pDst, len);
     ownsMap<shape_64f>(mulConstant(val), pDst, len, pSrc);
     return zelStatusOk;
@@ -156,9 +156,9 @@ ZelStatus zelsMulC_64f_I(Zel64f val, Zel64f* pSrcDst, int len)
 {
     if (const ZelStatus status = ownsCheck(len, pSrcDst); status != zelStatusOk)
         return status;
-    if (val == 1)
+    if (val == 1) [[unlikely]]
         return zelStatusOk;
-    if (val == 0)
+    if (val == 0) [[unlikely]]
         return zelsZero_64f(pSrcDst, len);
     ownsMap<shape_64f>(mulConstant(val), pSrcDst, len, pSrcDst);
     return zelStatusOk;

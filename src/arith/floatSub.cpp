@@ -97,7 +97,7 @@ ZelStatus zelsSubC_32f(const Zel32f* pSrc, Zel32f val, Zel32f* pDst, int len)
 {
     if (const ZelStatus status = ownsCheck(len, pSrc, pDst); status != zelStatusOk)
         return status;
-    if (val == 0)
+    if (val == 0) [[unlikely]]
         return zelsCopy_32f(pSrc, pDst, len);
     ownsMap<shape_32f>(subConstant(val), pDst, len, pSrc);
     return zelStatusOk;
@@ -107,7 +107,7 @@ ZelStatus zelsSubC_32f_I(Zel32f val, Zel32f* pSrcDst, int len)
 {
     if (const ZelStatus status = ownsCheck(len, pSrcDst); status != zelStatusOk)
         return status;
-    if (val == 0)
+    if (val == 0) [[unlikely]]
         return zelStatusOk;
     ownsMap<shape_32f>(subConstant(val), pSrcDst, len, pSrcDst);
     return zelStatusOk;
@@ -127,7 +127,7 @@ ZelStatus zelsSubC_64f(const Zel64f* pSrc, Zel64f val, Zel64f* pDst, int len)
 {
     if (const ZelStatus status = ownsCheck(len, pSrc, pDst); status != zelStatusOk)
         return status;
-    if (val == 0)
+    if (val == 0) [[unlikely]]
         return zelsCopy_64f(pSrc, pDst, len);
     ownsMap<shape_64f>(subConstant(val), pDst, len, pSrc);
     return zelStatusOk;
@@ -137,7 +137,7 @@ ZelStatus zelsSubC_64f_I(Zel64f val, Zel64f* pSrcDst, int len)
 {
     if (const ZelStatus status = ownsCheck(len, pSrcDst); status != zelStatusOk)
         return status;
-    if (val == 0)
+    if (val == 0) [[unlikely]]
         return zelStatusOk;
     ownsMap<shape_64f>(subConstant(val), pSrcDst, len, pSrcDst);
     return zelStatusOk;

@@ -19,8 +19,6 @@ constexpr auto absSaturated32 = [](auto x) {
 
 /// The sign bit cleared: a NaN keeps its payload, -0 becomes +0.
 struct AbsFloat {
-    Zel32f operator()(Zel32f x) const { return __builtin_fabsf(x); }
-    Zel64f operator()(Zel64f x) const { return __builtin_fabs(x); }
     OwnsVec<Zel32f> operator()(OwnsVec<Zel32f> x) const { return _mm_andnot_ps(_mm_set1_ps(-0.0f), x); }
     OwnsVec<Zel64f> operator()(OwnsVec<Zel64f> x) const { return _mm_andnot_pd(_mm_set1_pd(-0.0), x); }
 };

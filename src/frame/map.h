@@ -6,8 +6,9 @@
 #include "frame/zelsKernelConventions.h"
 
 // An operation is a callable that takes one vector for each source and gives a destination vector. Peel and
-// tail run it on partly filled vectors, so that one definition is enough. A source narrower than the
-// destination arrives in the low lanes of its vector, a wider one as OwnsVecs: see ownsTake.
+// tail run it on partly filled vectors, so that one definition is enough; an operation that must not mistake
+// the zeros behind the last element for elements has a form part(n, vectors...) for these. A source narrower
+// than the destination arrives in the low lanes of its vector, a wider one as OwnsVecs: see ownsTake.
 
 /// Marks an operation whose vectors estimate what single elements compute truly: it has a form for single
 /// elements too, and short vectors, peel and tail take that one.
@@ -19,18 +20,20 @@ concept OwnsEstimates = requires
 
 namespace owns_detail {
 
-/// The elements of a part of a vector, as many as that bit of `rest` says. Branches by the bits of a count are
-/// those that a caller's usual length teaches the processor.
-template <int count, class Op, class D, class... S>
-[[gnu::always_inline]] inline void part(Op& op, D* pDst, ZelSize& i, int rest, const S*... pSrc)
+/// `count` elements from the `i`-th on, fewer than a vector has lanes.
+template <class Op, class D, class... S>
+[[gnu::always_inline]] inline void part(Op& op, D* pDst, ZelSize& i, int count, const S*... pSrc)
 {
-    if (rest & count) [[likely]] {
+    if constexpr (requires { op.part(count, ownsTakePart<D>(pSrc, count)...); })
+        ownsStorePart(pDst + i, op.part(count, ownsTakePart<D>(pSrc + i, count)...), count);
+    else
         ownsStorePart(pDst + i, op(ownsTakePart<D>(pSrc + i, count)...), count);
-        i += count;
-    }
+    i += count;
 }
 
-/// `rest` elements from the `i`-th on, fewer than a vector has lanes.
+/// The low bits of `rest`, as many elements as a vector does not fill. The branches on them are those that a
+/// caller's usual length teaches the processor. Narrow elements take the lowest bits in one part: each step is a
+/// copy of the operation.
 template <class Op, class D, class... S>
 [[gnu::always_inline]] inline void few(Op& op, D* pDst, ZelSize& i, int rest, const S*... pSrc)
 {
@@ -38,17 +41,13 @@ template <class Op, class D, class... S>
     if constexpr (OwnsEstimates<Op>) {
         for (const ZelSize end = i + rest; i < end; i++)
             ownsPut(pDst + i, op(ownsGet(pSrc + i)...));
-    } else if constexpr (lanes > 4) {
-        // A step for each bit would be a copy of the operation for each.
-        if (const int n = rest & (lanes - 1); n != 0) {
-            ownsStorePart(pDst + i, op(ownsTakePart<D>(pSrc + i, n)...), n);
-            i += n;
-        }
     } else {
         if constexpr (lanes > 2)
-            part<2>(op, pDst, i, rest, pSrc...);
+            if (rest & (lanes / 2)) [[likely]]
+                part(op, pDst, i, lanes / 2, pSrc...);
         if constexpr (lanes > 1)
-            part<1>(op, pDst, i, rest, pSrc...);
+            if (const int lowest = rest & (lanes > 2 ? lanes / 2 - 1 : 1); lowest != 0) [[likely]]
+                part(op, pDst, i, lanes > 4 ? lowest : 1, pSrc...);
     }
 }
 

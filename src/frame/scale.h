@@ -67,18 +67,6 @@ inline OwnsVec<Zel64f> ownsRoundedNear(OwnsVec<Zel64f> x)
     return _mm_round_pd(x, _MM_FROUND_TO_NEAREST_INT | _MM_FROUND_NO_EXC);
 }
 
-/// Clamped to the range of Zel16s. maxps and minps give their second operand for a NaN: it becomes -32768.
-inline OwnsVec<Zel32f> ownsClamped16s(OwnsVec<Zel32f> x)
-{
-    return _mm_min_ps(_mm_max_ps(x, _mm_set1_ps(-32768.0f)), _mm_set1_ps(32767.0f));
-}
-
-/// Two vectors of integral floats within the range of Zel16s.
-inline OwnsVec<Zel16s> ownsNarrowed16s(OwnsVec<Zel32f> low, OwnsVec<Zel32f> high)
-{
-    return ownsAs<Zel16s>(_mm_packs_epi32(_mm_cvttps_epi32(low), _mm_cvttps_epi32(high)));
-}
-
 /// Rounded to nearest, ties to even, and saturated; a NaN gives 0.
 inline Zel64s ownsSaturated64s(Zel64f x)
 {

@@ -74,3 +74,4 @@ inline constexpr OwnsFillRule ownsFillRuleWider{1048576, false}; // elements of 
 inline constexpr ZelSize ownsCopyProbeFrom = 1048576;
 inline constexpr ZelSize ownsCopyBlock = 262144;
 inline constexpr ZelSize ownsCacheLine = 64;
+inline constexpr ZelSize ownsFillAhead = 1024;

@@ -65,11 +65,11 @@ TEST(FloatMixed, multipliesAndScalesTo16s)
     for (const float val : {1.0f, -0.75f, 0x1.8p100f})
         for (const int scaleFactor :
              {0, 1, -1, 5, -15, 16, 100, -100, 120, 160, -200, 300, -300, INT_MAX, INT_MIN})
-            sweep(scaledProduct, EXPORTS(zelsMulC_32f16s_Sfs), {.lengths = {}, .modes = modes, .repeats = 1},
-                  val, scaleFactor);
-    sweep(scaledProduct, EXPORTS(zelsMulC_32f16s_Sfs), {.modes = modes, .fills = fillBit(Fill::ties)}, 0.5f,
-          1);
-    sweep(scaledProduct, EXPORTS(zelsMulC_32f16s_Sfs), {.modes = modes}, INFINITY, 1);
+            sweep(scaledProduct, EXPORTS(zelsMulC_32f16s_Sfs),
+                  {.lengths = {}, .modes = modes, .modelToNearest = true, .repeats = 1}, val, scaleFactor);
+    sweep(scaledProduct, EXPORTS(zelsMulC_32f16s_Sfs),
+          {.modes = modes, .modelToNearest = true, .fills = fillBit(Fill::ties)}, 0.5f, 1);
+    sweep(scaledProduct, EXPORTS(zelsMulC_32f16s_Sfs), {.modes = modes, .modelToNearest = true}, INFINITY, 1);
 
     // By a constant that leaves the range of a float upwards all but 0 saturates, downwards infinities alone.
     const float values[]{0, -0.0f, 1, -1e-20f, INFINITY};
