@@ -11,13 +11,15 @@ constexpr auto constant = [](auto val) { return val; };
 template <class T>
 constexpr auto nothing = []() { return T{}; };
 
-/// Thresholds of half a mebibyte and one, where the cache size begins to count.
+/// Thresholds of half a mebibyte and one, where the cache size begins to count, and a length that does not fit the cache
+/// of an early processor, which reports it.
 template <class T>
 SweepOptions bulk(int repeats = 2)
 {
     constexpr auto size = static_cast<ZelSize>(sizeof(T));
     return {.block = std::max(8, 64 / static_cast<int>(size)),
             .around = {(1 << 19) / size, (1 << 20) / size},
+            .lengths = {1000, 4099, (1 << 21) / size + 17},
             .payload = true,
             .modes = Modes::roundingAndFlush,
             .repeats = repeats};

@@ -20,7 +20,8 @@ unsigned savedState()
 {
     unsigned low = 0;
     unsigned high = 0;
-    asm("xgetbv" : "=a"(low), "=d"(high) : "c"(0));
+    // Volatile: the compiler may otherwise run it ahead of the test that the processor has it.
+    asm volatile("xgetbv" : "=a"(low), "=d"(high) : "c"(0));
     return low;
 }
 
