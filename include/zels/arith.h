@@ -422,14 +422,14 @@ ZELS_API ZelStatus zelsMulC_64f64s_ISfs(Zel64f val, Zel64s* pSrcDst, int len, in
  *  divides, a negative one multiplies, and every int is valid: a factor so high that every result rounds to 0
  *  clears the destination, one so low that nothing but 0 stays in range saturates by the sign of the exact
  *  value (in zelsAddProduct_32s_Sfs a factor of 63 clears, though the largest sums would round to 1). Each
- * part of a complex result is rounded and saturated by itself. Source and destination may be the same array.
- * The complex sums and differences of two vectors test the length before the pointers, the others after.
+ *  part of a complex result is rounded and saturated by itself. Source and destination may be the same array.
+ *  The complex sums and differences of two vectors test the length before the pointers, the others after.
  *  @{
  */
 
 /** @name Scaled sum
  *  `pDst[n] = pSrc1[n] + pSrc2[n]`, scaled; in place `pSrcDst[n] = pSrcDst[n] + pSrc[n]`. The forms without a
- * scale factor saturate only; zelsAdd_8u16u has room for any sum.
+ *  scale factor saturate only; zelsAdd_8u16u has room for any sum.
  *  @param pSrc1 first source
  *  @param pSrc2 second source
  *  @param pDst destination
@@ -468,8 +468,8 @@ ZELS_API ZelStatus zelsAdd_16s32s_I(const Zel16s* pSrc, Zel32s* pSrcDst, int len
 /** @} */
 
 /** @name Scaled difference
- *  `pDst[n] = pSrc2[n] - pSrc1[n]`, scaled: the first source is the subtrahend; in place
- *  `pSrcDst[n] = pSrcDst[n] - pSrc[n]`. The forms without a scale factor saturate only.
+ *  `pDst[n] = pSrc2[n] - pSrc1[n]`, scaled: the first source is the subtrahend; in place `pSrcDst[n] =
+ *  pSrcDst[n] - pSrc[n]`. The forms without a scale factor saturate only.
  *  @param pSrc1 first source
  *  @param pSrc2 second source
  *  @param pDst destination
@@ -504,8 +504,8 @@ ZELS_API ZelStatus zelsSub_16s_I(const Zel16s* pSrc, Zel16s* pSrcDst, int len);
 
 /** @name Scaled product
  *  `pDst[n] = pSrc1[n] * pSrc2[n]`, scaled; in place `pSrcDst[n] = pSrcDst[n] * pSrc[n]`. Complex products
- * are exact before each part is scaled. The forms without a scale factor saturate only; zelsMul_8u16u has
- * room for any product. From 262152 elements on zelsMul_16s32s_Sfs writes past the caches.
+ *  are exact before each part is scaled. The forms without a scale factor saturate only; zelsMul_8u16u has
+ *  room for any product. From 262152 elements on zelsMul_16s32s_Sfs writes past the caches.
  *  @param pSrc1 first source
  *  @param pSrc2 second source
  *  @param pDst destination
@@ -631,7 +631,7 @@ ZELS_API ZelStatus zelsSubCRev_32sc_ISfs(Zel32sc val, Zel32sc* pSrcDst, int len,
 
 /** @name Scaled product with a constant
  *  `pDst[n] = pSrc[n] * val`, scaled. A constant of 0 clears the destination. With a constant of 1 and a
- * factor of 0 this is a copy, or in place nothing. The products of the 64s form are exact, in 128 bits.
+ *  factor of 0 this is a copy, or in place nothing. The products of the 64s form are exact, in 128 bits.
  *  @param pSrc source
  *  @param val constant
  *  @param pDst destination
@@ -664,7 +664,7 @@ ZELS_API ZelStatus zelsMulC_16s_I(Zel16s val, Zel16s* pSrcDst, int len);
 
 /** @name Scaled product added to the destination
  *  `pSrcDst[n] = pSrcDst[n] + pSrc1[n] * pSrc2[n]`, scaled: the accumulator stands inside the scaling, and
- * its old value does not keep its scale.
+ *  its old value does not keep its scale.
  *  @param pSrc1 first source
  *  @param pSrc2 second source
  *  @param pSrcDst accumulator and destination
@@ -683,10 +683,212 @@ ZELS_API ZelStatus zelsAddProduct_32s_Sfs(const Zel32s* pSrc1, const Zel32s* pSr
 
 /** @} */
 
+/** @defgroup division Division
+ *  A zero in a vector of divisors is a warning, and the vector is finished all the same; a constant divisor
+ *  of 0 is an error, and nothing is written. Source and destination may be the same array. The long forms
+ *  test the length before the pointers, the others after; their warning tells of the last chunk of 2^31 bytes
+ *  only.
+ *  @{
+ */
+
+/** @name Quotient of float vectors
+ *  `pDst[n] = pSrc2[n] / pSrc1[n]`: the first source is the divisor; in place `pSrcDst[n] = pSrcDst[n] /
+ *  pSrc[n]`. The 32f forms estimate in vectors: with an estimate y of the reciprocal of the divisor x (12
+ *  bits) and its error e = 1 - x y, the quotient is the dividend times y + e (y + e y), within 3 units in the
+ *  last place; so it is no quotient where the reciprocal is no normal number (divisors below 2^-126 or from
+ *  2^126 on in magnitude: zero, infinite or NaN). Four divisors of which one is zero, vectors of up to 10
+ *  elements and the elements at both ends of a vector are truly divided. The 64f forms are the true quotient.
+ *  Complex forms divide the product with the conjugate by the sum of the squares, each step rounded. A zero
+ *  divisor gives the IEEE quotient: an infinity, or a NaN for 0/0, in each part of a complex element. Source
+ *  of the method: M. J. Flynn, On Division by Functional Iteration, IEEE Trans. Computers C-19, 1970.
+ *  @param pSrc1 first source: the divisor
+ *  @param pSrc2 second source: the dividend
+ *  @param pDst destination
+ *  @param pSrc divisor of the in-place forms
+ *  @param pSrcDst dividend and destination
+ *  @param len length in elements
+ *  @return #zelErrNullPtr for a null pointer, else #zelErrSize for a length below 1, else #zelWarnDivByZero
+ *  where a divisor was zero, else #zelStatusOk
+ *  @{
+ */
+ZELS_API ZelStatus zelsDiv_32f(const Zel32f* pSrc1, const Zel32f* pSrc2, Zel32f* pDst, int len);
+ZELS_API ZelStatus zelsDiv_32f_I(const Zel32f* pSrc, Zel32f* pSrcDst, int len);
+ZELS_API ZelStatus zelsDiv_32f_L(const Zel32f* pSrc1, const Zel32f* pSrc2, Zel32f* pDst, ZelSize len);
+ZELS_API ZelStatus zelsDiv_32f_I_L(const Zel32f* pSrc, Zel32f* pSrcDst, ZelSize len);
+ZELS_API ZelStatus zelsDiv_64f(const Zel64f* pSrc1, const Zel64f* pSrc2, Zel64f* pDst, int len);
+ZELS_API ZelStatus zelsDiv_64f_I(const Zel64f* pSrc, Zel64f* pSrcDst, int len);
+ZELS_API ZelStatus zelsDiv_64f_L(const Zel64f* pSrc1, const Zel64f* pSrc2, Zel64f* pDst, ZelSize len);
+ZELS_API ZelStatus zelsDiv_64f_I_L(const Zel64f* pSrc, Zel64f* pSrcDst, ZelSize len);
+ZELS_API ZelStatus zelsDiv_32fc(const Zel32fc* pSrc1, const Zel32fc* pSrc2, Zel32fc* pDst, int len);
+ZELS_API ZelStatus zelsDiv_32fc_I(const Zel32fc* pSrc, Zel32fc* pSrcDst, int len);
+ZELS_API ZelStatus zelsDiv_32fc_L(const Zel32fc* pSrc1, const Zel32fc* pSrc2, Zel32fc* pDst, ZelSize len);
+ZELS_API ZelStatus zelsDiv_32fc_I_L(const Zel32fc* pSrc, Zel32fc* pSrcDst, ZelSize len);
+ZELS_API ZelStatus zelsDiv_64fc(const Zel64fc* pSrc1, const Zel64fc* pSrc2, Zel64fc* pDst, int len);
+ZELS_API ZelStatus zelsDiv_64fc_I(const Zel64fc* pSrc, Zel64fc* pSrcDst, int len);
+ZELS_API ZelStatus zelsDiv_64fc_L(const Zel64fc* pSrc1, const Zel64fc* pSrc2, Zel64fc* pDst, ZelSize len);
+ZELS_API ZelStatus zelsDiv_64fc_I_L(const Zel64fc* pSrc, Zel64fc* pSrcDst, ZelSize len);
+/** @} */
+
+/** @name Quotient of a float vector by a constant
+ *  `pDst[n] = pSrc[n] * (1 / val)`, on purpose: the reciprocal is rounded once, and the vector is handled as
+ *  zelsMulC_32f and its like handle it, so that a reciprocal of 1 makes a copy and one of 0 a zero-fill. The
+ *  complex forms multiply by `(val.re * v, -val.im * v)`, `v = 1 / (val.re * val.re + val.im * val.im)`; a
+ *  sum of squares of 0 is an error.
+ *  @param pSrc source
+ *  @param val constant
+ *  @param pDst destination
+ *  @param pSrcDst source and destination
+ *  @param len length in elements
+ *  @return #zelErrNullPtr for a null pointer, else #zelErrSize for a length below 1, else #zelErrDivByZero
+ *  for a constant of 0, else #zelStatusOk
+ *  @{
+ */
+ZELS_API ZelStatus zelsDivC_32f(const Zel32f* pSrc, Zel32f val, Zel32f* pDst, int len);
+ZELS_API ZelStatus zelsDivC_32f_I(Zel32f val, Zel32f* pSrcDst, int len);
+ZELS_API ZelStatus zelsDivC_32f_L(const Zel32f* pSrc, Zel32f val, Zel32f* pDst, ZelSize len);
+ZELS_API ZelStatus zelsDivC_32f_I_L(Zel32f val, Zel32f* pSrcDst, ZelSize len);
+ZELS_API ZelStatus zelsDivC_64f(const Zel64f* pSrc, Zel64f val, Zel64f* pDst, int len);
+ZELS_API ZelStatus zelsDivC_64f_I(Zel64f val, Zel64f* pSrcDst, int len);
+ZELS_API ZelStatus zelsDivC_64f_L(const Zel64f* pSrc, Zel64f val, Zel64f* pDst, ZelSize len);
+ZELS_API ZelStatus zelsDivC_64f_I_L(Zel64f val, Zel64f* pSrcDst, ZelSize len);
+ZELS_API ZelStatus zelsDivC_32fc(const Zel32fc* pSrc, Zel32fc val, Zel32fc* pDst, int len);
+ZELS_API ZelStatus zelsDivC_32fc_I(Zel32fc val, Zel32fc* pSrcDst, int len);
+ZELS_API ZelStatus zelsDivC_32fc_L(const Zel32fc* pSrc, Zel32fc val, Zel32fc* pDst, ZelSize len);
+ZELS_API ZelStatus zelsDivC_32fc_I_L(Zel32fc val, Zel32fc* pSrcDst, ZelSize len);
+ZELS_API ZelStatus zelsDivC_64fc(const Zel64fc* pSrc, Zel64fc val, Zel64fc* pDst, int len);
+ZELS_API ZelStatus zelsDivC_64fc_I(Zel64fc val, Zel64fc* pSrcDst, int len);
+ZELS_API ZelStatus zelsDivC_64fc_L(const Zel64fc* pSrc, Zel64fc val, Zel64fc* pDst, ZelSize len);
+ZELS_API ZelStatus zelsDivC_64fc_I_L(Zel64fc val, Zel64fc* pSrcDst, ZelSize len);
+/** @} */
+
+/** @name Quotient of a constant by a vector
+ *  `pDst[n] = val / pSrc[n]`: the 32f forms as zelsDiv_32f; the 16u forms rounded to nearest, ties to even.
+ *  Over zero the 16u forms give 65535, and 0 for a constant of 0.
+ *  @param pSrc source
+ *  @param val constant
+ *  @param pDst destination
+ *  @param pSrcDst source and destination
+ *  @param len length in elements
+ *  @return #zelErrNullPtr for a null pointer, else #zelErrSize for a length below 1, else #zelWarnDivByZero
+ *  where a divisor was zero, else #zelStatusOk
+ *  @{
+ */
+ZELS_API ZelStatus zelsDivCRev_32f(const Zel32f* pSrc, Zel32f val, Zel32f* pDst, int len);
+ZELS_API ZelStatus zelsDivCRev_32f_I(Zel32f val, Zel32f* pSrcDst, int len);
+ZELS_API ZelStatus zelsDivCRev_32f_L(const Zel32f* pSrc, Zel32f val, Zel32f* pDst, ZelSize len);
+ZELS_API ZelStatus zelsDivCRev_32f_I_L(Zel32f val, Zel32f* pSrcDst, ZelSize len);
+ZELS_API ZelStatus zelsDivCRev_16u(const Zel16u* pSrc, Zel16u val, Zel16u* pDst, int len);
+ZELS_API ZelStatus zelsDivCRev_16u_I(Zel16u val, Zel16u* pSrcDst, int len);
+/** @} */
+
+/** @name Scaled quotient
+ *  `pDst[n] = pSrc2[n] / pSrc1[n]`, times 2^(-scaleFactor), rounded once to nearest, ties to even, and
+ *  saturated; in place `pSrcDst[n] = pSrcDst[n] / pSrc[n]`. Above a factor of 8 (8u), 15 (16s, 16u, 16sc) or
+ *  31 every quotient is 0; below -15, -30 or -29 (32s16s) one that is not 0 saturates by its sign. Over zero
+ *  a dividend saturates by its sign, and 0 gives 0, whatever the factor.
+ *  @param pSrc1 first source: the divisor
+ *  @param pSrc2 second source: the dividend
+ *  @param pDst destination
+ *  @param pSrc divisor of the in-place forms
+ *  @param pSrcDst dividend and destination
+ *  @param len length in elements
+ *  @param scaleFactor scale factor, any value
+ *  @return #zelErrNullPtr for a null pointer, else #zelErrSize for a length below 1, else #zelWarnDivByZero
+ *  where a divisor was zero, else #zelStatusOk
+ *  @{
+ */
+ZELS_API ZelStatus zelsDiv_8u_Sfs(const Zel8u* pSrc1, const Zel8u* pSrc2, Zel8u* pDst, int len,
+                                  int scaleFactor);
+ZELS_API ZelStatus zelsDiv_8u_ISfs(const Zel8u* pSrc, Zel8u* pSrcDst, int len, int scaleFactor);
+ZELS_API ZelStatus zelsDiv_16s_Sfs(const Zel16s* pSrc1, const Zel16s* pSrc2, Zel16s* pDst, int len,
+                                   int scaleFactor);
+ZELS_API ZelStatus zelsDiv_16s_ISfs(const Zel16s* pSrc, Zel16s* pSrcDst, int len, int scaleFactor);
+ZELS_API ZelStatus zelsDiv_16u_Sfs(const Zel16u* pSrc1, const Zel16u* pSrc2, Zel16u* pDst, int len,
+                                   int scaleFactor);
+ZELS_API ZelStatus zelsDiv_16u_ISfs(const Zel16u* pSrc, Zel16u* pSrcDst, int len, int scaleFactor);
+ZELS_API ZelStatus zelsDiv_16sc_Sfs(const Zel16sc* pSrc1, const Zel16sc* pSrc2, Zel16sc* pDst, int len,
+                                    int scaleFactor);
+ZELS_API ZelStatus zelsDiv_16sc_ISfs(const Zel16sc* pSrc, Zel16sc* pSrcDst, int len, int scaleFactor);
+ZELS_API ZelStatus zelsDiv_32s_Sfs(const Zel32s* pSrc1, const Zel32s* pSrc2, Zel32s* pDst, int len,
+                                   int scaleFactor);
+ZELS_API ZelStatus zelsDiv_32s_ISfs(const Zel32s* pSrc, Zel32s* pSrcDst, int len, int scaleFactor);
+ZELS_API ZelStatus zelsDiv_32s16s_Sfs(const Zel16s* pSrc1, const Zel32s* pSrc2, Zel16s* pDst, int len,
+                                      int scaleFactor);
+/** @} */
+
+/** @name Scaled quotient by a rounding mode
+ *  As the scaled quotient, rounded by the mode given. Above a factor of 16 every quotient is 0, below -30 it
+ *  saturates.
+ *  @param pSrc1 first source: the divisor
+ *  @param pSrc2 second source: the dividend
+ *  @param pDst destination
+ *  @param pSrc divisor of the in-place forms
+ *  @param pSrcDst dividend and destination
+ *  @param len length in elements
+ *  @param rndMode #zelRndZero, #zelRndNear or #zelRndFinancial
+ *  @param scaleFactor scale factor, any value
+ *  @return #zelErrNullPtr for a null pointer, else #zelErrSize for a length below 1, else #zelErrRoundMode
+ *  for another mode, else #zelWarnDivByZero where a divisor was zero, else #zelStatusOk
+ *  @{
+ */
+ZELS_API ZelStatus zelsDiv_Round_8u_Sfs(const Zel8u* pSrc1, const Zel8u* pSrc2, Zel8u* pDst, int len,
+                                        ZelRoundMode rndMode, int scaleFactor);
+ZELS_API ZelStatus zelsDiv_Round_8u_ISfs(const Zel8u* pSrc, Zel8u* pSrcDst, int len, ZelRoundMode rndMode,
+                                         int scaleFactor);
+ZELS_API ZelStatus zelsDiv_Round_16s_Sfs(const Zel16s* pSrc1, const Zel16s* pSrc2, Zel16s* pDst, int len,
+                                         ZelRoundMode rndMode, int scaleFactor);
+ZELS_API ZelStatus zelsDiv_Round_16s_ISfs(const Zel16s* pSrc, Zel16s* pSrcDst, int len, ZelRoundMode rndMode,
+                                          int scaleFactor);
+ZELS_API ZelStatus zelsDiv_Round_16u_Sfs(const Zel16u* pSrc1, const Zel16u* pSrc2, Zel16u* pDst, int len,
+                                         ZelRoundMode rndMode, int scaleFactor);
+ZELS_API ZelStatus zelsDiv_Round_16u_ISfs(const Zel16u* pSrc, Zel16u* pSrcDst, int len, ZelRoundMode rndMode,
+                                          int scaleFactor);
+/** @} */
+
+/** @name Scaled quotient by a constant
+ *  `pDst[n] = pSrc[n] / val`, times 2^(-scaleFactor), rounded once to nearest, ties to even, and saturated,
+ *  with the ranges of the scaled quotient.
+ *  @param pSrc source
+ *  @param val constant
+ *  @param pDst destination
+ *  @param pSrcDst source and destination
+ *  @param len length in elements
+ *  @param scaleFactor scale factor, any value
+ *  @return #zelErrNullPtr for a null pointer, else #zelErrSize for a length below 1, else #zelErrDivByZero
+ *  for a constant of 0, else #zelStatusOk
+ *  @{
+ */
+ZELS_API ZelStatus zelsDivC_8u_Sfs(const Zel8u* pSrc, Zel8u val, Zel8u* pDst, int len, int scaleFactor);
+ZELS_API ZelStatus zelsDivC_8u_ISfs(Zel8u val, Zel8u* pSrcDst, int len, int scaleFactor);
+ZELS_API ZelStatus zelsDivC_16s_Sfs(const Zel16s* pSrc, Zel16s val, Zel16s* pDst, int len, int scaleFactor);
+ZELS_API ZelStatus zelsDivC_16s_ISfs(Zel16s val, Zel16s* pSrcDst, int len, int scaleFactor);
+ZELS_API ZelStatus zelsDivC_16u_Sfs(const Zel16u* pSrc, Zel16u val, Zel16u* pDst, int len, int scaleFactor);
+ZELS_API ZelStatus zelsDivC_16u_ISfs(Zel16u val, Zel16u* pSrcDst, int len, int scaleFactor);
+ZELS_API ZelStatus zelsDivC_16sc_Sfs(const Zel16sc* pSrc, Zel16sc val, Zel16sc* pDst, int len,
+                                     int scaleFactor);
+ZELS_API ZelStatus zelsDivC_16sc_ISfs(Zel16sc val, Zel16sc* pSrcDst, int len, int scaleFactor);
+/** @} */
+
+/** `pSrcDst[n] / val` times 2^(-scaleFactor) as a product: with the power of two 2^(k + 1) that is the
+ *  smallest from 2 on and not below |val|, the exact product of an element and 2^(k + 63) / |val|, rounded to
+ *  64 bits, is scaled by `scaleFactor + k + 63`, rounded and saturated as zelsMulC_64s_ISfs does. It is only
+ *  as exact as that reciprocal. A constant of 1 or -1 multiplies exactly; over a constant of 0 elements
+ *  saturate by their sign, and 0 gives 0. A negative length does nothing.
+ *  @param val constant
+ *  @param pSrcDst source and destination
+ *  @param len length in elements
+ *  @param scaleFactor scale factor, any value
+ *  @return #zelErrNullPtr for a null pointer, else #zelErrSize for a length of 0, else #zelWarnDivByZero for
+ *  a constant of 0, else #zelStatusOk
+ */
+ZELS_API ZelStatus zelsDivC_64s_ISfs(Zel64s val, Zel64s* pSrcDst, int len, int scaleFactor);
+
+/** @} */
+
 /** @defgroup convert Conversion
  *  A vector of one element type into a vector of another. With a scale factor the value is multiplied by
  *  2^(-scaleFactor); any int is a valid factor. A 24-bit element is three packed bytes, low byte first, at
- * any address, and its arrays are of type #Zel8u; `len` counts elements.
+ *  any address, and its arrays are of type #Zel8u; `len` counts elements.
  *  @{
  */
 
@@ -745,13 +947,13 @@ ZELS_API ZelStatus zelsConvert_32s64f_Sfs(const Zel32s* pSrc, Zel64f* pDst, int 
 
 /** @name Floats to integers
  *  The value times 2^(-scaleFactor), clamped to the range of the destination and rounded. What is at or above
- * the largest integer gives the largest integer, even where no float holds it. A NaN gives the smallest.
+ *  the largest integer gives the largest integer, even where no float holds it. A NaN gives the smallest.
  *  @param pSrc source
  *  @param pDst destination
  *  @param len length in elements
  *  @param rnd #zelRndZero truncates, #zelRndNear rounds to nearest, ties to even; every other value adds one
- * half with the sign of the value in the float type of the source, rounded to nearest, and truncates, so that
- * 0.49999997f gives 1
+ *  half with the sign of the value in the float type of the source, rounded to nearest, and truncates, so
+ *  that 0.49999997f gives 1
  *  @param scaleFactor scale factor, any value
  *  @return #zelErrNullPtr for a null pointer, else #zelErrSize for a length below 1, else #zelStatusOk
  *  @{
@@ -782,7 +984,7 @@ ZELS_API ZelStatus zelsConvert_64f64s_Sfs(const Zel64f* pSrc, Zel64s* pDst, int 
 
 /** @name Floats to packed 24-bit integers
  *  The value times 2^(-scaleFactor), clamped to the range of the destination and rounded to nearest, ties to
- * even. A NaN gives the smallest integer.
+ *  even. A NaN gives the smallest integer.
  *  @param pSrc source
  *  @param pDst destination
  *  @param len length in elements
@@ -809,7 +1011,7 @@ ZELS_API ZelStatus zelsConvert_32s16s(const Zel32s* pSrc, Zel16s* pDst, int len)
 
 /** @name Narrowing integers with a scale factor
  *  The value times 2^(-scaleFactor), rounded to nearest, ties to even, and saturated. A factor above 31 acts
- * as 31, so that the most negative value still gives -1.
+ *  as 31, so that the most negative value still gives -1.
  *  @param pSrc source
  *  @param pDst destination
  *  @param len length in elements
@@ -828,7 +1030,7 @@ ZELS_API ZelStatus zelsConvert_32u24u_Sfs(const Zel32u* pSrc, Zel8u* pDst, int l
  *  @param pDst destination
  *  @param len length in elements
  *  @param rnd #zelRndZero truncates, #zelRndNear rounds to nearest, ties to even, every other value to
- * nearest, ties away from zero
+ *  nearest, ties away from zero
  *  @param scaleFactor scale factor, any value
  *  @return #zelErrNullPtr for a null pointer, else #zelErrSize for a length below 1, else #zelStatusOk
  *  @{
@@ -843,15 +1045,15 @@ ZELS_API ZelStatus zelsConvert_64s32s_Sfs(const Zel64s* pSrc, Zel32s* pDst, int 
 
 /** @name To half precision
  *  `pDst[n] = pSrc[n]`, rounded from the value of single precision, whatever the caller's rounding mode. What
- * is too large becomes an infinity, or the largest half where it is truncated. A NaN stays one.
+ *  is too large becomes an infinity, or the largest half where it is truncated. A NaN stays one.
  *  @param pSrc source
  *  @param pDst destination
  *  @param len length in elements
  *  @param rnd #zelRndNear rounds to nearest, ties to even, #zelRndZero truncates, #zelRndFinancial is
- * refused; every other value truncates in zelsConvert_16s16f and rounds to nearest, ties away from zero, in
- * zelsConvert_32f16f
+ *  refused; every other value truncates in zelsConvert_16s16f and rounds to nearest, ties away from zero, in
+ *  zelsConvert_32f16f
  *  @return #zelErrNullPtr for a null pointer, else #zelErrSize for a length below 1, else #zelErrRoundMode
- * for #zelRndFinancial, else #zelStatusOk
+ *  for #zelRndFinancial, else #zelStatusOk
  *  @{
  */
 ZELS_API ZelStatus zelsConvert_16s16f(const Zel16s* pSrc, Zel16f* pDst, int len, ZelRoundMode rnd);
@@ -864,10 +1066,10 @@ ZELS_API ZelStatus zelsConvert_32f16f(const Zel32f* pSrc, Zel16f* pDst, int len,
  *  @param pDst destination
  *  @param len length in elements
  *  @param rnd #zelRndZero truncates, #zelRndNear rounds to nearest, ties to even, #zelRndFinancial is
- * refused; every other value rounds as it does from floats
+ *  refused; every other value rounds as it does from floats
  *  @param scaleFactor scale factor, any value
  *  @return #zelErrNullPtr for a null pointer, else #zelErrSize for a length below 1, else #zelErrRoundMode
- * for #zelRndFinancial, else #zelStatusOk
+ *  for #zelRndFinancial, else #zelStatusOk
  *  @{
  */
 ZELS_API ZelStatus zelsConvert_16f16s_Sfs(const Zel16f* pSrc, Zel16s* pDst, int len, ZelRoundMode rnd,

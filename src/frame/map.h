@@ -6,8 +6,9 @@
 #include "frame/zelsKernelConventions.h"
 
 // An operation is a callable that takes one vector for each source and gives a destination vector. Peel and
-// tail run it on partly filled vectors, so that one definition is enough. A source narrower than the
-// destination arrives in the low lanes of its vector, a wider one as OwnsVecs: see ownsTake.
+// tail run it on partly filled vectors, so that one definition is enough; an operation that must not mistake
+// the zeros behind the last element for elements has a form part(n, vectors...) for these. A source narrower
+// than the destination arrives in the low lanes of its vector, a wider one as OwnsVecs: see ownsTake.
 
 /// Marks an operation whose vectors estimate what single elements compute truly: it has a form for single
 /// elements too, and short vectors, peel and tail take that one.
@@ -19,13 +20,23 @@ concept OwnsEstimates = requires
 
 namespace owns_detail {
 
+/// The operation on vectors whose first `n` lanes hold elements.
+template <class Op, class... V>
+[[gnu::always_inline]] inline auto onPart(Op& op, int n, V... v)
+{
+    if constexpr (requires { op.part(n, v...); })
+        return op.part(n, v...);
+    else
+        return op(v...);
+}
+
 /// The elements of a part of a vector, as many as that bit of `rest` says. Branches by the bits of a count are
 /// those that a caller's usual length teaches the processor.
 template <int count, class Op, class D, class... S>
 [[gnu::always_inline]] inline void part(Op& op, D* pDst, ZelSize& i, int rest, const S*... pSrc)
 {
     if (rest & count) [[likely]] {
-        ownsStorePart(pDst + i, op(ownsTakePart<D>(pSrc + i, count)...), count);
+        ownsStorePart(pDst + i, onPart(op, count, ownsTakePart<D>(pSrc + i, count)...), count);
         i += count;
     }
 }
@@ -41,7 +52,7 @@ template <class Op, class D, class... S>
     } else if constexpr (lanes > 4) {
         // A step for each bit would be a copy of the operation for each.
         if (const int n = rest & (lanes - 1); n != 0) {
-            ownsStorePart(pDst + i, op(ownsTakePart<D>(pSrc + i, n)...), n);
+            ownsStorePart(pDst + i, onPart(op, n, ownsTakePart<D>(pSrc + i, n)...), n);
             i += n;
         }
     } else {
