@@ -390,8 +390,8 @@ ZELS_API ZelStatus zelsAddProductC_64fc(const Zel64fc* pSrc, Zel64fc val, Zel64f
  */
 ZELS_API ZelStatus zelsMulC_Low_32f16s(const Zel32f* pSrc, Zel32f val, Zel16s* pDst, int len);
 
-/** `pSrc[n] * (val * 2^(-scaleFactor))` in single precision, clamped to the range of #Zel16s and rounded; product and
- * conversion round to nearest, ties to even, whatever the caller's mode. A scaled constant beyond the range of single precision
+/** `pSrc[n] * (val * 2^(-scaleFactor))` in single precision, clamped to the range of #Zel16s and rounded.
+ * Product and conversion round to nearest, ties to even, whatever the caller's mode. A scaled constant beyond the range of single precision
  * stays at its edge, so that 0 gives 0 and an infinity saturates; a subnormal one loses bits. A NaN product
  * gives -32768.
  *  @param pSrc source
@@ -695,12 +695,13 @@ ZELS_API ZelStatus zelsAddProduct_32s_Sfs(const Zel32s* pSrc1, const Zel32s* pSr
  *  `pDst[n] = pSrc2[n] / pSrc1[n]`: the first source is the divisor; in place `pSrcDst[n] = pSrcDst[n] /
  *  pSrc[n]`. The 32f forms estimate in vectors: with an estimate y of the reciprocal of the divisor x (12
  *  bits) and its error e = 1 - x y, the quotient is the dividend times y + e (y + e y), within 3 units in the
- *  last place; so it is no quotient where the reciprocal is no normal number (divisors below 2^-126 or from
- *  2^126 on in magnitude: zero, infinite or NaN). Four divisors of which one is zero, vectors of up to 10
- *  elements and the elements at both ends of a vector are truly divided. The 64f forms are the true quotient.
- *  Complex forms divide the product with the conjugate by the sum of the squares, each step rounded. A zero
- *  divisor gives the IEEE quotient: an infinity, or a NaN for 0/0, in each part of a complex element. Source
- *  of the method: M. J. Flynn, On Division by Functional Iteration, IEEE Trans. Computers C-19, 1970.
+ *  last place, 6 in the directed rounding modes; so it is no quotient where the reciprocal is no normal
+ *  number (divisors below 2^-126 or from 2^126 on in magnitude: zero, infinite or NaN). Four divisors of
+ *  which one is zero, vectors of up to 10 elements and the elements at both ends of a vector are truly
+ *  divided. The 64f forms are the true quotient. Complex forms divide the product with the conjugate by the
+ *  sum of the squares, each step rounded. A zero divisor gives the IEEE quotient: an infinity, or a NaN for
+ *  0/0, in each part of a complex element. Source of the method: M. J. Flynn, On Division by Functional
+ *  Iteration, IEEE Trans. Computers C-19, 1970.
  *  @param pSrc1 first source: the divisor
  *  @param pSrc2 second source: the dividend
  *  @param pDst destination
