@@ -416,30 +416,463 @@ ZELS_API ZelStatus zelsMulC_64f64s_ISfs(Zel64f val, Zel64s* pSrcDst, int len, in
 
 /** @} */
 
-/** @defgroup convert Conversion
- *  A vector of one element type into a vector of another.
+/** @defgroup scaled Scaled integer arithmetic
+ *  Integer arithmetic with a scale factor, exact to the bit: the exact sum, difference or product times
+ *  2^(-scaleFactor) is rounded to nearest, ties to even, and saturated to the element type. A positive factor
+ *  divides, a negative one multiplies, and every int is valid: a factor so high that every result rounds to 0
+ *  clears the destination, one so low that nothing but 0 stays in range saturates by the sign of the exact
+ *  value (in zelsAddProduct_32s_Sfs a factor of 63 clears, though the largest sums would round to 1). Each
+ * part of a complex result is rounded and saturated by itself. Source and destination may be the same array.
+ * The complex sums and differences of two vectors test the length before the pointers, the others after.
  *  @{
  */
 
-/** `pDst[n] = pSrc[n]`, exactly.
- *  @param pSrc source
+/** @name Scaled sum
+ *  `pDst[n] = pSrc1[n] + pSrc2[n]`, scaled; in place `pSrcDst[n] = pSrcDst[n] + pSrc[n]`. The forms without a
+ * scale factor saturate only; zelsAdd_8u16u has room for any sum.
+ *  @param pSrc1 first source
+ *  @param pSrc2 second source
  *  @param pDst destination
+ *  @param pSrc first source of the in-place forms
+ *  @param pSrcDst second source and destination
  *  @param len length in elements
- *  @return #zelErrNullPtr for a null pointer, else #zelErrSize for a length below 1, else #zelStatusOk
- */
-ZELS_API ZelStatus zelsConvert_16s32f(const Zel16s* pSrc, Zel32f* pDst, int len);
-
-/** `pSrc[n] * 2^(-scaleFactor)`, clamped to the range of #Zel16s and rounded. A NaN gives -32768.
- *  @param pSrc source
- *  @param pDst destination
- *  @param len length in elements
- *  @param rnd 0 truncates, 1 rounds to nearest, ties to even; every other value adds one half with the sign
- * of the value in single precision and truncates, so that 0.49999997 gives 1
  *  @param scaleFactor scale factor, any value
  *  @return #zelErrNullPtr for a null pointer, else #zelErrSize for a length below 1, else #zelStatusOk
+ *  @{
  */
+ZELS_API ZelStatus zelsAdd_8u_Sfs(const Zel8u* pSrc1, const Zel8u* pSrc2, Zel8u* pDst, int len,
+                                  int scaleFactor);
+ZELS_API ZelStatus zelsAdd_8u_ISfs(const Zel8u* pSrc, Zel8u* pSrcDst, int len, int scaleFactor);
+ZELS_API ZelStatus zelsAdd_16s_Sfs(const Zel16s* pSrc1, const Zel16s* pSrc2, Zel16s* pDst, int len,
+                                   int scaleFactor);
+ZELS_API ZelStatus zelsAdd_16s_ISfs(const Zel16s* pSrc, Zel16s* pSrcDst, int len, int scaleFactor);
+ZELS_API ZelStatus zelsAdd_16u_Sfs(const Zel16u* pSrc1, const Zel16u* pSrc2, Zel16u* pDst, int len,
+                                   int scaleFactor);
+ZELS_API ZelStatus zelsAdd_16u_ISfs(const Zel16u* pSrc, Zel16u* pSrcDst, int len, int scaleFactor);
+ZELS_API ZelStatus zelsAdd_16sc_Sfs(const Zel16sc* pSrc1, const Zel16sc* pSrc2, Zel16sc* pDst, int len,
+                                    int scaleFactor);
+ZELS_API ZelStatus zelsAdd_16sc_ISfs(const Zel16sc* pSrc, Zel16sc* pSrcDst, int len, int scaleFactor);
+ZELS_API ZelStatus zelsAdd_32s_Sfs(const Zel32s* pSrc1, const Zel32s* pSrc2, Zel32s* pDst, int len,
+                                   int scaleFactor);
+ZELS_API ZelStatus zelsAdd_32s_ISfs(const Zel32s* pSrc, Zel32s* pSrcDst, int len, int scaleFactor);
+ZELS_API ZelStatus zelsAdd_32sc_Sfs(const Zel32sc* pSrc1, const Zel32sc* pSrc2, Zel32sc* pDst, int len,
+                                    int scaleFactor);
+ZELS_API ZelStatus zelsAdd_32sc_ISfs(const Zel32sc* pSrc, Zel32sc* pSrcDst, int len, int scaleFactor);
+ZELS_API ZelStatus zelsAdd_16s(const Zel16s* pSrc1, const Zel16s* pSrc2, Zel16s* pDst, int len);
+ZELS_API ZelStatus zelsAdd_16s_I(const Zel16s* pSrc, Zel16s* pSrcDst, int len);
+ZELS_API ZelStatus zelsAdd_16u(const Zel16u* pSrc1, const Zel16u* pSrc2, Zel16u* pDst, int len);
+ZELS_API ZelStatus zelsAdd_32u(const Zel32u* pSrc1, const Zel32u* pSrc2, Zel32u* pDst, int len);
+ZELS_API ZelStatus zelsAdd_32u_I(const Zel32u* pSrc, Zel32u* pSrcDst, int len);
+ZELS_API ZelStatus zelsAdd_8u16u(const Zel8u* pSrc1, const Zel8u* pSrc2, Zel16u* pDst, int len);
+ZELS_API ZelStatus zelsAdd_16s32s_I(const Zel16s* pSrc, Zel32s* pSrcDst, int len);
+/** @} */
+
+/** @name Scaled difference
+ *  `pDst[n] = pSrc2[n] - pSrc1[n]`, scaled: the first source is the subtrahend; in place
+ *  `pSrcDst[n] = pSrcDst[n] - pSrc[n]`. The forms without a scale factor saturate only.
+ *  @param pSrc1 first source
+ *  @param pSrc2 second source
+ *  @param pDst destination
+ *  @param pSrc first source of the in-place forms
+ *  @param pSrcDst second source and destination
+ *  @param len length in elements
+ *  @param scaleFactor scale factor, any value
+ *  @return #zelErrNullPtr for a null pointer, else #zelErrSize for a length below 1, else #zelStatusOk
+ *  @{
+ */
+ZELS_API ZelStatus zelsSub_8u_Sfs(const Zel8u* pSrc1, const Zel8u* pSrc2, Zel8u* pDst, int len,
+                                  int scaleFactor);
+ZELS_API ZelStatus zelsSub_8u_ISfs(const Zel8u* pSrc, Zel8u* pSrcDst, int len, int scaleFactor);
+ZELS_API ZelStatus zelsSub_16s_Sfs(const Zel16s* pSrc1, const Zel16s* pSrc2, Zel16s* pDst, int len,
+                                   int scaleFactor);
+ZELS_API ZelStatus zelsSub_16s_ISfs(const Zel16s* pSrc, Zel16s* pSrcDst, int len, int scaleFactor);
+ZELS_API ZelStatus zelsSub_16u_Sfs(const Zel16u* pSrc1, const Zel16u* pSrc2, Zel16u* pDst, int len,
+                                   int scaleFactor);
+ZELS_API ZelStatus zelsSub_16u_ISfs(const Zel16u* pSrc, Zel16u* pSrcDst, int len, int scaleFactor);
+ZELS_API ZelStatus zelsSub_16sc_Sfs(const Zel16sc* pSrc1, const Zel16sc* pSrc2, Zel16sc* pDst, int len,
+                                    int scaleFactor);
+ZELS_API ZelStatus zelsSub_16sc_ISfs(const Zel16sc* pSrc, Zel16sc* pSrcDst, int len, int scaleFactor);
+ZELS_API ZelStatus zelsSub_32s_Sfs(const Zel32s* pSrc1, const Zel32s* pSrc2, Zel32s* pDst, int len,
+                                   int scaleFactor);
+ZELS_API ZelStatus zelsSub_32s_ISfs(const Zel32s* pSrc, Zel32s* pSrcDst, int len, int scaleFactor);
+ZELS_API ZelStatus zelsSub_32sc_Sfs(const Zel32sc* pSrc1, const Zel32sc* pSrc2, Zel32sc* pDst, int len,
+                                    int scaleFactor);
+ZELS_API ZelStatus zelsSub_32sc_ISfs(const Zel32sc* pSrc, Zel32sc* pSrcDst, int len, int scaleFactor);
+ZELS_API ZelStatus zelsSub_16s(const Zel16s* pSrc1, const Zel16s* pSrc2, Zel16s* pDst, int len);
+ZELS_API ZelStatus zelsSub_16s_I(const Zel16s* pSrc, Zel16s* pSrcDst, int len);
+/** @} */
+
+/** @name Scaled product
+ *  `pDst[n] = pSrc1[n] * pSrc2[n]`, scaled; in place `pSrcDst[n] = pSrcDst[n] * pSrc[n]`. Complex products
+ * are exact before each part is scaled. The forms without a scale factor saturate only; zelsMul_8u16u has
+ * room for any product. From 262152 elements on zelsMul_16s32s_Sfs writes past the caches.
+ *  @param pSrc1 first source
+ *  @param pSrc2 second source
+ *  @param pDst destination
+ *  @param pSrc first source of the in-place forms
+ *  @param pSrcDst second source and destination
+ *  @param len length in elements
+ *  @param scaleFactor scale factor, any value
+ *  @return #zelErrNullPtr for a null pointer, else #zelErrSize for a length below 1, else #zelStatusOk
+ *  @{
+ */
+ZELS_API ZelStatus zelsMul_8u_Sfs(const Zel8u* pSrc1, const Zel8u* pSrc2, Zel8u* pDst, int len,
+                                  int scaleFactor);
+ZELS_API ZelStatus zelsMul_8u_ISfs(const Zel8u* pSrc, Zel8u* pSrcDst, int len, int scaleFactor);
+ZELS_API ZelStatus zelsMul_16s_Sfs(const Zel16s* pSrc1, const Zel16s* pSrc2, Zel16s* pDst, int len,
+                                   int scaleFactor);
+ZELS_API ZelStatus zelsMul_16s_ISfs(const Zel16s* pSrc, Zel16s* pSrcDst, int len, int scaleFactor);
+ZELS_API ZelStatus zelsMul_16u_Sfs(const Zel16u* pSrc1, const Zel16u* pSrc2, Zel16u* pDst, int len,
+                                   int scaleFactor);
+ZELS_API ZelStatus zelsMul_16u_ISfs(const Zel16u* pSrc, Zel16u* pSrcDst, int len, int scaleFactor);
+ZELS_API ZelStatus zelsMul_16sc_Sfs(const Zel16sc* pSrc1, const Zel16sc* pSrc2, Zel16sc* pDst, int len,
+                                    int scaleFactor);
+ZELS_API ZelStatus zelsMul_16sc_ISfs(const Zel16sc* pSrc, Zel16sc* pSrcDst, int len, int scaleFactor);
+ZELS_API ZelStatus zelsMul_32s_Sfs(const Zel32s* pSrc1, const Zel32s* pSrc2, Zel32s* pDst, int len,
+                                   int scaleFactor);
+ZELS_API ZelStatus zelsMul_32s_ISfs(const Zel32s* pSrc, Zel32s* pSrcDst, int len, int scaleFactor);
+ZELS_API ZelStatus zelsMul_32sc_Sfs(const Zel32sc* pSrc1, const Zel32sc* pSrc2, Zel32sc* pDst, int len,
+                                    int scaleFactor);
+ZELS_API ZelStatus zelsMul_32sc_ISfs(const Zel32sc* pSrc, Zel32sc* pSrcDst, int len, int scaleFactor);
+ZELS_API ZelStatus zelsMul_16u16s_Sfs(const Zel16u* pSrc1, const Zel16s* pSrc2, Zel16s* pDst, int len,
+                                      int scaleFactor);
+ZELS_API ZelStatus zelsMul_16s32s_Sfs(const Zel16s* pSrc1, const Zel16s* pSrc2, Zel32s* pDst, int len,
+                                      int scaleFactor);
+ZELS_API ZelStatus zelsMul_16s(const Zel16s* pSrc1, const Zel16s* pSrc2, Zel16s* pDst, int len);
+ZELS_API ZelStatus zelsMul_16s_I(const Zel16s* pSrc, Zel16s* pSrcDst, int len);
+ZELS_API ZelStatus zelsMul_8u16u(const Zel8u* pSrc1, const Zel8u* pSrc2, Zel16u* pDst, int len);
+/** @} */
+
+/** @name Scaled sum with a constant
+ *  `pDst[n] = pSrc[n] + val`, scaled. With a constant and a factor of 0 this is a copy, or in place nothing.
+ *  @param pSrc source
+ *  @param val constant
+ *  @param pDst destination
+ *  @param pSrcDst source and destination
+ *  @param len length in elements
+ *  @param scaleFactor scale factor, any value
+ *  @return #zelErrNullPtr for a null pointer, else #zelErrSize for a length below 1, else #zelStatusOk
+ *  @{
+ */
+ZELS_API ZelStatus zelsAddC_8u_Sfs(const Zel8u* pSrc, Zel8u val, Zel8u* pDst, int len, int scaleFactor);
+ZELS_API ZelStatus zelsAddC_8u_ISfs(Zel8u val, Zel8u* pSrcDst, int len, int scaleFactor);
+ZELS_API ZelStatus zelsAddC_16s_Sfs(const Zel16s* pSrc, Zel16s val, Zel16s* pDst, int len, int scaleFactor);
+ZELS_API ZelStatus zelsAddC_16s_ISfs(Zel16s val, Zel16s* pSrcDst, int len, int scaleFactor);
+ZELS_API ZelStatus zelsAddC_16u_Sfs(const Zel16u* pSrc, Zel16u val, Zel16u* pDst, int len, int scaleFactor);
+ZELS_API ZelStatus zelsAddC_16u_ISfs(Zel16u val, Zel16u* pSrcDst, int len, int scaleFactor);
+ZELS_API ZelStatus zelsAddC_16sc_Sfs(const Zel16sc* pSrc, Zel16sc val, Zel16sc* pDst, int len,
+                                     int scaleFactor);
+ZELS_API ZelStatus zelsAddC_16sc_ISfs(Zel16sc val, Zel16sc* pSrcDst, int len, int scaleFactor);
+ZELS_API ZelStatus zelsAddC_32s_Sfs(const Zel32s* pSrc, Zel32s val, Zel32s* pDst, int len, int scaleFactor);
+ZELS_API ZelStatus zelsAddC_32s_ISfs(Zel32s val, Zel32s* pSrcDst, int len, int scaleFactor);
+ZELS_API ZelStatus zelsAddC_32sc_Sfs(const Zel32sc* pSrc, Zel32sc val, Zel32sc* pDst, int len,
+                                     int scaleFactor);
+ZELS_API ZelStatus zelsAddC_32sc_ISfs(Zel32sc val, Zel32sc* pSrcDst, int len, int scaleFactor);
+ZELS_API ZelStatus zelsAddC_16s_I(Zel16s val, Zel16s* pSrcDst, int len);
+/** @} */
+
+/** @name Scaled difference with a constant
+ *  `pDst[n] = pSrc[n] - val`, scaled. With a constant and a factor of 0 this is a copy, or in place nothing.
+ *  @param pSrc source
+ *  @param val constant
+ *  @param pDst destination
+ *  @param pSrcDst source and destination
+ *  @param len length in elements
+ *  @param scaleFactor scale factor, any value
+ *  @return #zelErrNullPtr for a null pointer, else #zelErrSize for a length below 1, else #zelStatusOk
+ *  @{
+ */
+ZELS_API ZelStatus zelsSubC_8u_Sfs(const Zel8u* pSrc, Zel8u val, Zel8u* pDst, int len, int scaleFactor);
+ZELS_API ZelStatus zelsSubC_8u_ISfs(Zel8u val, Zel8u* pSrcDst, int len, int scaleFactor);
+ZELS_API ZelStatus zelsSubC_16s_Sfs(const Zel16s* pSrc, Zel16s val, Zel16s* pDst, int len, int scaleFactor);
+ZELS_API ZelStatus zelsSubC_16s_ISfs(Zel16s val, Zel16s* pSrcDst, int len, int scaleFactor);
+ZELS_API ZelStatus zelsSubC_16u_Sfs(const Zel16u* pSrc, Zel16u val, Zel16u* pDst, int len, int scaleFactor);
+ZELS_API ZelStatus zelsSubC_16u_ISfs(Zel16u val, Zel16u* pSrcDst, int len, int scaleFactor);
+ZELS_API ZelStatus zelsSubC_16sc_Sfs(const Zel16sc* pSrc, Zel16sc val, Zel16sc* pDst, int len,
+                                     int scaleFactor);
+ZELS_API ZelStatus zelsSubC_16sc_ISfs(Zel16sc val, Zel16sc* pSrcDst, int len, int scaleFactor);
+ZELS_API ZelStatus zelsSubC_32s_Sfs(const Zel32s* pSrc, Zel32s val, Zel32s* pDst, int len, int scaleFactor);
+ZELS_API ZelStatus zelsSubC_32s_ISfs(Zel32s val, Zel32s* pSrcDst, int len, int scaleFactor);
+ZELS_API ZelStatus zelsSubC_32sc_Sfs(const Zel32sc* pSrc, Zel32sc val, Zel32sc* pDst, int len,
+                                     int scaleFactor);
+ZELS_API ZelStatus zelsSubC_32sc_ISfs(Zel32sc val, Zel32sc* pSrcDst, int len, int scaleFactor);
+ZELS_API ZelStatus zelsSubC_16s_I(Zel16s val, Zel16s* pSrcDst, int len);
+/** @} */
+
+/** @name Scaled difference from a constant
+ *  `pDst[n] = val - pSrc[n]`, scaled.
+ *  @param pSrc source
+ *  @param val constant
+ *  @param pDst destination
+ *  @param pSrcDst source and destination
+ *  @param len length in elements
+ *  @param scaleFactor scale factor, any value
+ *  @return #zelErrNullPtr for a null pointer, else #zelErrSize for a length below 1, else #zelStatusOk
+ *  @{
+ */
+ZELS_API ZelStatus zelsSubCRev_8u_Sfs(const Zel8u* pSrc, Zel8u val, Zel8u* pDst, int len, int scaleFactor);
+ZELS_API ZelStatus zelsSubCRev_8u_ISfs(Zel8u val, Zel8u* pSrcDst, int len, int scaleFactor);
+ZELS_API ZelStatus zelsSubCRev_16s_Sfs(const Zel16s* pSrc, Zel16s val, Zel16s* pDst, int len,
+                                       int scaleFactor);
+ZELS_API ZelStatus zelsSubCRev_16s_ISfs(Zel16s val, Zel16s* pSrcDst, int len, int scaleFactor);
+ZELS_API ZelStatus zelsSubCRev_16u_Sfs(const Zel16u* pSrc, Zel16u val, Zel16u* pDst, int len,
+                                       int scaleFactor);
+ZELS_API ZelStatus zelsSubCRev_16u_ISfs(Zel16u val, Zel16u* pSrcDst, int len, int scaleFactor);
+ZELS_API ZelStatus zelsSubCRev_16sc_Sfs(const Zel16sc* pSrc, Zel16sc val, Zel16sc* pDst, int len,
+                                        int scaleFactor);
+ZELS_API ZelStatus zelsSubCRev_16sc_ISfs(Zel16sc val, Zel16sc* pSrcDst, int len, int scaleFactor);
+ZELS_API ZelStatus zelsSubCRev_32s_Sfs(const Zel32s* pSrc, Zel32s val, Zel32s* pDst, int len,
+                                       int scaleFactor);
+ZELS_API ZelStatus zelsSubCRev_32s_ISfs(Zel32s val, Zel32s* pSrcDst, int len, int scaleFactor);
+ZELS_API ZelStatus zelsSubCRev_32sc_Sfs(const Zel32sc* pSrc, Zel32sc val, Zel32sc* pDst, int len,
+                                        int scaleFactor);
+ZELS_API ZelStatus zelsSubCRev_32sc_ISfs(Zel32sc val, Zel32sc* pSrcDst, int len, int scaleFactor);
+/** @} */
+
+/** @name Scaled product with a constant
+ *  `pDst[n] = pSrc[n] * val`, scaled. A constant of 0 clears the destination. With a constant of 1 and a
+ * factor of 0 this is a copy, or in place nothing. The products of the 64s form are exact, in 128 bits.
+ *  @param pSrc source
+ *  @param val constant
+ *  @param pDst destination
+ *  @param pSrcDst source and destination
+ *  @param len length in elements
+ *  @param scaleFactor scale factor, any value
+ *  @return #zelErrNullPtr for a null pointer, else #zelErrSize for a length below 1, else #zelStatusOk
+ *  @{
+ */
+ZELS_API ZelStatus zelsMulC_8u_Sfs(const Zel8u* pSrc, Zel8u val, Zel8u* pDst, int len, int scaleFactor);
+ZELS_API ZelStatus zelsMulC_8u_ISfs(Zel8u val, Zel8u* pSrcDst, int len, int scaleFactor);
+ZELS_API ZelStatus zelsMulC_16s_Sfs(const Zel16s* pSrc, Zel16s val, Zel16s* pDst, int len, int scaleFactor);
+ZELS_API ZelStatus zelsMulC_16s_ISfs(Zel16s val, Zel16s* pSrcDst, int len, int scaleFactor);
+ZELS_API ZelStatus zelsMulC_16u_Sfs(const Zel16u* pSrc, Zel16u val, Zel16u* pDst, int len, int scaleFactor);
+ZELS_API ZelStatus zelsMulC_16u_ISfs(Zel16u val, Zel16u* pSrcDst, int len, int scaleFactor);
+ZELS_API ZelStatus zelsMulC_16sc_Sfs(const Zel16sc* pSrc, Zel16sc val, Zel16sc* pDst, int len,
+                                     int scaleFactor);
+ZELS_API ZelStatus zelsMulC_16sc_ISfs(Zel16sc val, Zel16sc* pSrcDst, int len, int scaleFactor);
+ZELS_API ZelStatus zelsMulC_32s_Sfs(const Zel32s* pSrc, Zel32s val, Zel32s* pDst, int len, int scaleFactor);
+ZELS_API ZelStatus zelsMulC_32s_ISfs(Zel32s val, Zel32s* pSrcDst, int len, int scaleFactor);
+ZELS_API ZelStatus zelsMulC_32sc_Sfs(const Zel32sc* pSrc, Zel32sc val, Zel32sc* pDst, int len,
+                                     int scaleFactor);
+ZELS_API ZelStatus zelsMulC_32sc_ISfs(Zel32sc val, Zel32sc* pSrcDst, int len, int scaleFactor);
+ZELS_API ZelStatus zelsMulC_32s_Sfs_L(const Zel32s* pSrc, Zel32s val, Zel32s* pDst, ZelSize len,
+                                      int scaleFactor);
+ZELS_API ZelStatus zelsMulC_32s_ISfs_L(Zel32s val, Zel32s* pSrcDst, ZelSize len, int scaleFactor);
+ZELS_API ZelStatus zelsMulC_64s_ISfs(Zel64s val, Zel64s* pSrcDst, int len, int scaleFactor);
+ZELS_API ZelStatus zelsMulC_16s_I(Zel16s val, Zel16s* pSrcDst, int len);
+/** @} */
+
+/** @name Scaled product added to the destination
+ *  `pSrcDst[n] = pSrcDst[n] + pSrc1[n] * pSrc2[n]`, scaled: the accumulator stands inside the scaling, and
+ * its old value does not keep its scale.
+ *  @param pSrc1 first source
+ *  @param pSrc2 second source
+ *  @param pSrcDst accumulator and destination
+ *  @param len length in elements
+ *  @param scaleFactor scale factor, any value
+ *  @return #zelErrNullPtr for a null pointer, else #zelErrSize for a length below 1, else #zelStatusOk
+ *  @{
+ */
+ZELS_API ZelStatus zelsAddProduct_16s_Sfs(const Zel16s* pSrc1, const Zel16s* pSrc2, Zel16s* pSrcDst, int len,
+                                          int scaleFactor);
+ZELS_API ZelStatus zelsAddProduct_16s32s_Sfs(const Zel16s* pSrc1, const Zel16s* pSrc2, Zel32s* pSrcDst,
+                                             int len, int scaleFactor);
+ZELS_API ZelStatus zelsAddProduct_32s_Sfs(const Zel32s* pSrc1, const Zel32s* pSrc2, Zel32s* pSrcDst, int len,
+                                          int scaleFactor);
+/** @} */
+
+/** @} */
+
+/** @defgroup convert Conversion
+ *  A vector of one element type into a vector of another. With a scale factor the value is multiplied by
+ *  2^(-scaleFactor); any int is a valid factor. A 24-bit element is three packed bytes, low byte first, at
+ * any address, and its arrays are of type #Zel8u; `len` counts elements.
+ *  @{
+ */
+
+/** @name Widening
+ *  `pDst[n] = pSrc[n]`, exactly. A NaN keeps its payload where the source is #Zel16f. From 699051 elements on
+ *  zelsConvert_16s32s writes past the caches, zelsConvert_32f64f from 349526 on.
+ *  @param pSrc source
+ *  @param pDst destination
+ *  @param len length in elements
+ *  @return #zelErrNullPtr for a null pointer, else #zelErrSize for a length below 1, else #zelStatusOk
+ *  @{
+ */
+ZELS_API ZelStatus zelsConvert_8s16s(const Zel8s* pSrc, Zel16s* pDst, int len);
+ZELS_API ZelStatus zelsConvert_8s32f(const Zel8s* pSrc, Zel32f* pDst, int len);
+ZELS_API ZelStatus zelsConvert_8u32f(const Zel8u* pSrc, Zel32f* pDst, int len);
+ZELS_API ZelStatus zelsConvert_16s32f(const Zel16s* pSrc, Zel32f* pDst, int len);
+ZELS_API ZelStatus zelsConvert_16s32s(const Zel16s* pSrc, Zel32s* pDst, int len);
+ZELS_API ZelStatus zelsConvert_16u32f(const Zel16u* pSrc, Zel32f* pDst, int len);
+ZELS_API ZelStatus zelsConvert_16f32f(const Zel16f* pSrc, Zel32f* pDst, int len);
+ZELS_API ZelStatus zelsConvert_24s32f(const Zel8u* pSrc, Zel32f* pDst, int len);
+ZELS_API ZelStatus zelsConvert_24u32f(const Zel8u* pSrc, Zel32f* pDst, int len);
+ZELS_API ZelStatus zelsConvert_24s32s(const Zel8u* pSrc, Zel32s* pDst, int len);
+ZELS_API ZelStatus zelsConvert_24u32u(const Zel8u* pSrc, Zel32u* pDst, int len);
+ZELS_API ZelStatus zelsConvert_32s64f(const Zel32s* pSrc, Zel64f* pDst, int len);
+ZELS_API ZelStatus zelsConvert_32f64f(const Zel32f* pSrc, Zel64f* pDst, int len);
+/** @} */
+
+/** @name To floats by the caller's rounding mode
+ *  `pDst[n] = pSrc[n]`, rounded by the mode that the processor is in.
+ *  @param pSrc source
+ *  @param pDst destination
+ *  @param len length in elements
+ *  @return #zelErrNullPtr for a null pointer, else #zelErrSize for a length below 1, else #zelStatusOk
+ *  @{
+ */
+ZELS_API ZelStatus zelsConvert_32s32f(const Zel32s* pSrc, Zel32f* pDst, int len);
+ZELS_API ZelStatus zelsConvert_64s64f(const Zel64s* pSrc, Zel64f* pDst, int len);
+ZELS_API ZelStatus zelsConvert_64f32f(const Zel64f* pSrc, Zel32f* pDst, int len);
+/** @} */
+
+/** @name Scaled integers to floats
+ *  The value converted, then multiplied by 2^(-scaleFactor) unless that is 1. From 419431 elements on
+ *  zelsConvert_16s64f_Sfs writes past the caches.
+ *  @param pSrc source
+ *  @param pDst destination
+ *  @param len length in elements
+ *  @param scaleFactor scale factor, any value
+ *  @return #zelErrNullPtr for a null pointer, else #zelErrSize for a length below 1, else #zelStatusOk
+ *  @{
+ */
+ZELS_API ZelStatus zelsConvert_16s32f_Sfs(const Zel16s* pSrc, Zel32f* pDst, int len, int scaleFactor);
+ZELS_API ZelStatus zelsConvert_16s64f_Sfs(const Zel16s* pSrc, Zel64f* pDst, int len, int scaleFactor);
+ZELS_API ZelStatus zelsConvert_32s32f_Sfs(const Zel32s* pSrc, Zel32f* pDst, int len, int scaleFactor);
+ZELS_API ZelStatus zelsConvert_32s64f_Sfs(const Zel32s* pSrc, Zel64f* pDst, int len, int scaleFactor);
+/** @} */
+
+/** @name Floats to integers
+ *  The value times 2^(-scaleFactor), clamped to the range of the destination and rounded. What is at or above
+ * the largest integer gives the largest integer, even where no float holds it. A NaN gives the smallest.
+ *  @param pSrc source
+ *  @param pDst destination
+ *  @param len length in elements
+ *  @param rnd #zelRndZero truncates, #zelRndNear rounds to nearest, ties to even; every other value adds one
+ * half with the sign of the value in the float type of the source, rounded to nearest, and truncates, so that
+ * 0.49999997f gives 1
+ *  @param scaleFactor scale factor, any value
+ *  @return #zelErrNullPtr for a null pointer, else #zelErrSize for a length below 1, else #zelStatusOk
+ *  @{
+ */
+ZELS_API ZelStatus zelsConvert_32f8s_Sfs(const Zel32f* pSrc, Zel8s* pDst, int len, ZelRoundMode rnd,
+                                         int scaleFactor);
+ZELS_API ZelStatus zelsConvert_32f8u_Sfs(const Zel32f* pSrc, Zel8u* pDst, int len, ZelRoundMode rnd,
+                                         int scaleFactor);
 ZELS_API ZelStatus zelsConvert_32f16s_Sfs(const Zel32f* pSrc, Zel16s* pDst, int len, ZelRoundMode rnd,
                                           int scaleFactor);
+ZELS_API ZelStatus zelsConvert_32f16u_Sfs(const Zel32f* pSrc, Zel16u* pDst, int len, ZelRoundMode rnd,
+                                          int scaleFactor);
+ZELS_API ZelStatus zelsConvert_32f32s_Sfs(const Zel32f* pSrc, Zel32s* pDst, int len, ZelRoundMode rnd,
+                                          int scaleFactor);
+ZELS_API ZelStatus zelsConvert_64f8s_Sfs(const Zel64f* pSrc, Zel8s* pDst, int len, ZelRoundMode rnd,
+                                         int scaleFactor);
+ZELS_API ZelStatus zelsConvert_64f8u_Sfs(const Zel64f* pSrc, Zel8u* pDst, int len, ZelRoundMode rnd,
+                                         int scaleFactor);
+ZELS_API ZelStatus zelsConvert_64f16s_Sfs(const Zel64f* pSrc, Zel16s* pDst, int len, ZelRoundMode rnd,
+                                          int scaleFactor);
+ZELS_API ZelStatus zelsConvert_64f16u_Sfs(const Zel64f* pSrc, Zel16u* pDst, int len, ZelRoundMode rnd,
+                                          int scaleFactor);
+ZELS_API ZelStatus zelsConvert_64f32s_Sfs(const Zel64f* pSrc, Zel32s* pDst, int len, ZelRoundMode rnd,
+                                          int scaleFactor);
+ZELS_API ZelStatus zelsConvert_64f64s_Sfs(const Zel64f* pSrc, Zel64s* pDst, int len, ZelRoundMode rnd,
+                                          int scaleFactor);
+/** @} */
+
+/** @name Floats to packed 24-bit integers
+ *  The value times 2^(-scaleFactor), clamped to the range of the destination and rounded to nearest, ties to
+ * even. A NaN gives the smallest integer.
+ *  @param pSrc source
+ *  @param pDst destination
+ *  @param len length in elements
+ *  @param scaleFactor scale factor, any value
+ *  @return #zelErrNullPtr for a null pointer, else #zelErrSize for a length below 1, else #zelStatusOk
+ *  @{
+ */
+ZELS_API ZelStatus zelsConvert_32f24s_Sfs(const Zel32f* pSrc, Zel8u* pDst, int len, int scaleFactor);
+ZELS_API ZelStatus zelsConvert_32f24u_Sfs(const Zel32f* pSrc, Zel8u* pDst, int len, int scaleFactor);
+/** @} */
+
+/** @name Narrowing integers by saturation
+ *  `pDst[n] = pSrc[n]`, saturated: of zelsConvert_8s8u a negative value gives 0. From 699051 elements on
+ *  zelsConvert_32s16s writes past the caches.
+ *  @param pSrc source
+ *  @param pDst destination
+ *  @param len length in elements
+ *  @return #zelErrNullPtr for a null pointer, else #zelErrSize for a length below 1, else #zelStatusOk
+ *  @{
+ */
+ZELS_API ZelStatus zelsConvert_8s8u(const Zel8s* pSrc, Zel8u* pDst, int len);
+ZELS_API ZelStatus zelsConvert_32s16s(const Zel32s* pSrc, Zel16s* pDst, int len);
+/** @} */
+
+/** @name Narrowing integers with a scale factor
+ *  The value times 2^(-scaleFactor), rounded to nearest, ties to even, and saturated. A factor above 31 acts
+ * as 31, so that the most negative value still gives -1.
+ *  @param pSrc source
+ *  @param pDst destination
+ *  @param len length in elements
+ *  @param scaleFactor scale factor, any value
+ *  @return #zelErrNullPtr for a null pointer, else #zelErrSize for a length below 1, else #zelStatusOk
+ *  @{
+ */
+ZELS_API ZelStatus zelsConvert_32s16s_Sfs(const Zel32s* pSrc, Zel16s* pDst, int len, int scaleFactor);
+ZELS_API ZelStatus zelsConvert_32s24s_Sfs(const Zel32s* pSrc, Zel8u* pDst, int len, int scaleFactor);
+ZELS_API ZelStatus zelsConvert_32u24u_Sfs(const Zel32u* pSrc, Zel8u* pDst, int len, int scaleFactor);
+/** @} */
+
+/** @name Narrowing integers with a rounding mode and a scale factor
+ *  The value times 2^(-scaleFactor), rounded once from the exact quotient, and saturated.
+ *  @param pSrc source
+ *  @param pDst destination
+ *  @param len length in elements
+ *  @param rnd #zelRndZero truncates, #zelRndNear rounds to nearest, ties to even, every other value to
+ * nearest, ties away from zero
+ *  @param scaleFactor scale factor, any value
+ *  @return #zelErrNullPtr for a null pointer, else #zelErrSize for a length below 1, else #zelStatusOk
+ *  @{
+ */
+ZELS_API ZelStatus zelsConvert_8u8s_Sfs(const Zel8u* pSrc, Zel8s* pDst, int len, ZelRoundMode rnd,
+                                        int scaleFactor);
+ZELS_API ZelStatus zelsConvert_16s8s_Sfs(const Zel16s* pSrc, Zel8s* pDst, int len, ZelRoundMode rnd,
+                                         int scaleFactor);
+ZELS_API ZelStatus zelsConvert_64s32s_Sfs(const Zel64s* pSrc, Zel32s* pDst, int len, ZelRoundMode rnd,
+                                          int scaleFactor);
+/** @} */
+
+/** @name To half precision
+ *  `pDst[n] = pSrc[n]`, rounded from the value of single precision, whatever the caller's rounding mode. What
+ * is too large becomes an infinity, or the largest half where it is truncated. A NaN stays one.
+ *  @param pSrc source
+ *  @param pDst destination
+ *  @param len length in elements
+ *  @param rnd #zelRndNear rounds to nearest, ties to even, #zelRndZero truncates, #zelRndFinancial is
+ * refused; every other value truncates in zelsConvert_16s16f and rounds to nearest, ties away from zero, in
+ * zelsConvert_32f16f
+ *  @return #zelErrNullPtr for a null pointer, else #zelErrSize for a length below 1, else #zelErrRoundMode
+ * for #zelRndFinancial, else #zelStatusOk
+ *  @{
+ */
+ZELS_API ZelStatus zelsConvert_16s16f(const Zel16s* pSrc, Zel16f* pDst, int len, ZelRoundMode rnd);
+ZELS_API ZelStatus zelsConvert_32f16f(const Zel32f* pSrc, Zel16f* pDst, int len, ZelRoundMode rnd);
+/** @} */
+
+/** @name From half precision to integers
+ *  The value times 2^(-scaleFactor), clamped to the range of #Zel16s and rounded. A NaN gives -32768.
+ *  @param pSrc source
+ *  @param pDst destination
+ *  @param len length in elements
+ *  @param rnd #zelRndZero truncates, #zelRndNear rounds to nearest, ties to even, #zelRndFinancial is
+ * refused; every other value rounds as it does from floats
+ *  @param scaleFactor scale factor, any value
+ *  @return #zelErrNullPtr for a null pointer, else #zelErrSize for a length below 1, else #zelErrRoundMode
+ * for #zelRndFinancial, else #zelStatusOk
+ *  @{
+ */
+ZELS_API ZelStatus zelsConvert_16f16s_Sfs(const Zel16f* pSrc, Zel16s* pDst, int len, ZelRoundMode rnd,
+                                          int scaleFactor);
+/** @} */
 
 /** @} */
 

@@ -25,21 +25,12 @@ inline int ownsDoubled(int len)
     return static_cast<int>(2u * static_cast<unsigned>(len));
 }
 
-inline Zel32f* ownsParts(Zel32fc* p)
+/// The parts of a complex array.
+template <class C>
+inline auto ownsParts(C* p)
 {
-    return reinterpret_cast<Zel32f*>(p);
-}
-inline Zel64f* ownsParts(Zel64fc* p)
-{
-    return reinterpret_cast<Zel64f*>(p);
-}
-inline const Zel32f* ownsParts(const Zel32fc* p)
-{
-    return reinterpret_cast<const Zel32f*>(p);
-}
-inline const Zel64f* ownsParts(const Zel64fc* p)
-{
-    return reinterpret_cast<const Zel64f*>(p);
+    using Part = decltype(p->re);
+    return reinterpret_cast<std::conditional_t<std::is_const_v<C>, const Part, Part>*>(p);
 }
 
 /// The doubling shape: the real form on the parts of complex arrays.
@@ -47,6 +38,13 @@ template <auto realForm, class... P>
 inline ZelStatus ownsDoubling(int len, P*... p)
 {
     return len < 1 ? zelErrSize : realForm(ownsParts(p)..., ownsDoubled(len));
+}
+
+/// The same for the scaled forms.
+template <auto realForm, class... P>
+inline ZelStatus ownsDoublingScaled(int len, int scaleFactor, P*... p)
+{
+    return len < 1 ? zelErrSize : realForm(ownsParts(p)..., ownsDoubled(len), scaleFactor);
 }
 
 /// The most elements whose bytes can be counted in a positive 32-bit integer.

@@ -19,31 +19,49 @@ inline Zel64f ownsScaled(Zel64f value, int scaleFactor)
     return std::scalbn(value, exponent);
 }
 
-/// Calls `body` with the function that multiplies a float vector by 2 to the power -scaleFactor. One product
-/// is enough within the exponents of a normal float; beyond, two exact ones keep 0 at 0 and infinity at
-/// infinity.
-template <class Body>
+/// Multiplies floats by 2 to the power -scaleFactor. One factor is enough within the exponents of a normal
+/// number, and then the second is 1; beyond, two exact ones keep 0 at 0 and infinity at infinity.
+template <class F>
+struct OwnsPowerOfTwo {
+    F first, second;
+
+    explicit OwnsPowerOfTwo(int scaleFactor)
+    {
+        constexpr int most = std::is_same_v<F, Zel32f> ? 126 : 1022;
+        const int exponent = scaleFactor < -2 * most  ? 2 * most
+                             : scaleFactor > 2 * most ? -2 * most
+                                                      : -scaleFactor;
+        const int part = exponent > most ? most : exponent < -most ? -most : exponent;
+        first = static_cast<F>(ownsScaled(1.0, -part));
+        second = static_cast<F>(ownsScaled(1.0, part - exponent));
+    }
+
+    template <class X>
+    X operator()(X x) const
+    {
+        return x * first * second;
+    }
+};
+
+/// Calls `body` with the function that scales a float or a float vector; a factor of 0 multiplies nothing.
+template <class F = Zel32f, class Body>
 [[gnu::always_inline]] inline void ownsWithFloatScale(int scaleFactor, Body body)
 {
-    if (scaleFactor == 0) {
+    if (scaleFactor == 0)
         body([](auto x) { return x; });
-    } else if (scaleFactor >= -126 && scaleFactor <= 126) {
-        const auto factor = static_cast<Zel32f>(ownsScaled(1.0, scaleFactor));
-        body([factor](auto x) { return x * factor; });
-    } else {
-        const Zel32f factor = scaleFactor < 0 ? 0x1p126f : 0x1p-126f;
-        const int rest = scaleFactor < 0 ? scaleFactor + 126 : scaleFactor - 126;
-        const auto second = static_cast<Zel32f>(ownsScaled(1.0, rest < -126  ? -126
-                                                                : rest > 126 ? 126
-                                                                             : rest));
-        body([factor, second](auto x) { return x * factor * second; });
-    }
+    else
+        body(OwnsPowerOfTwo<F>(scaleFactor));
 }
 
 /// Rounded to nearest, ties to even, whatever the caller's mode.
 inline OwnsVec<Zel32f> ownsRoundedNear(OwnsVec<Zel32f> x)
 {
     return _mm_round_ps(x, _MM_FROUND_TO_NEAREST_INT | _MM_FROUND_NO_EXC);
+}
+
+inline OwnsVec<Zel64f> ownsRoundedNear(OwnsVec<Zel64f> x)
+{
+    return _mm_round_pd(x, _MM_FROUND_TO_NEAREST_INT | _MM_FROUND_NO_EXC);
 }
 
 /// Clamped to the range of Zel16s. maxps and minps give their second operand for a NaN: it becomes -32768.

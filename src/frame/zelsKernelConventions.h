@@ -37,8 +37,11 @@ inline constexpr OwnsShape shape_32f{11};
 inline constexpr OwnsShape shape_64f{5};
 inline constexpr OwnsShape shape_32fc{5};
 inline constexpr OwnsShape shape_64fc{2};
+inline constexpr OwnsShape shape_8u{32};
 inline constexpr OwnsShape shape_16s{16};
+inline constexpr OwnsShape shape_16sc{8};
 inline constexpr OwnsShape shape_32s{8};
+inline constexpr OwnsShape shape_32sc{4};
 
 inline constexpr OwnsShape shapeAdd_32f{11, 87383};
 inline constexpr OwnsShape shapeAdd_64f{5, 43691};
@@ -50,6 +53,13 @@ inline constexpr OwnsShape shapeMulC_32f{11, 131079};
 inline constexpr OwnsShape shapeMulC_32fc{5, 65539};
 inline constexpr OwnsShape shapeMulC_32fc_I{5, 131073};
 inline constexpr OwnsShape shapeAdd_16s32f{1, 262151};
+inline constexpr OwnsShape shapeMul_16s32s{1, 262151};
+
+// Conversions stream later, from four mebibytes on.
+inline constexpr OwnsShape shapeConvert_16s32s{8, 699050};
+inline constexpr OwnsShape shapeConvert_32s16s{16, 699050};
+inline constexpr OwnsShape shapeConvert_16s64f{5, 419430};
+inline constexpr OwnsShape shapeConvert_32f64f{5, 349525};
 
 /// When a fill bypasses the caches: above a count of bytes the size of the largest cache is asked for, and
 /// the count must be above that too, or reach it.

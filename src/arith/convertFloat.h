@@ -1,0 +1,70 @@
+// From floats to 32-bit integers under a rounding selector: the steps that all conversions from float share.
+#pragma once
+
+#include "frame/map.h"
+#include "frame/roundingMode.h"
+#include "frame/scale.h"
+
+/// One half with the sign of x added, the "financial" step before truncation.
+inline OwnsVec<Zel32f> ownsWithHalf(OwnsVec<Zel32f> x)
+{
+    return x + _mm_or_ps(_mm_and_ps(x, _mm_set1_ps(-0.0f)), _mm_set1_ps(0.5f));
+}
+inline OwnsVec<Zel64f> ownsWithHalf(OwnsVec<Zel64f> x)
+{
+    return x + _mm_or_pd(_mm_and_pd(x, _mm_set1_pd(-0.0)), _mm_set1_pd(0.5));
+}
+
+/// Calls `body` with the step that a selector puts before truncation: none, rounding to nearest even, or one
+/// half with the sign of the value. That sum is rounded to nearest itself, so that a value just below one
+/// half does cross.
+template <class Body>
+[[gnu::always_inline]] inline void ownsWithRounding(ZelRoundMode rnd, Body body)
+{
+    if (rnd == zelRndZero) {
+        body([](auto x) { return x; });
+    } else if (rnd == zelRndNear) {
+        body([](auto x) { return ownsRoundedNear(x); });
+    } else {
+        const OwnsNearestMode nearest;
+        body([](auto x) { return ownsWithHalf(x); });
+    }
+}
+
+/// Not above `limit`. A NaN stays one, and like all that is too low it becomes the most negative integer: the
+/// saturating packs make of that the lower end of any range.
+inline OwnsVec<Zel32f> ownsBounded(OwnsVec<Zel32f> x, Zel32f limit)
+{
+    return _mm_min_ps(_mm_set1_ps(limit), x);
+}
+inline OwnsVec<Zel64f> ownsBounded(OwnsVec<Zel64f> x, Zel64f limit)
+{
+    return _mm_min_pd(_mm_set1_pd(limit), x);
+}
+
+/// Four floats, made into integers by truncation after `round`.
+template <class Round>
+inline __m128i ownsIntegers(OwnsVec<Zel32f> x, Round round)
+{
+    return _mm_cvttps_epi32(round(x));
+}
+template <class Round>
+inline __m128i ownsIntegers(OwnsVec<Zel64f> low, OwnsVec<Zel64f> high, Round round)
+{
+    return _mm_unpacklo_epi64(_mm_cvttpd_epi32(round(low)), _mm_cvttpd_epi32(round(high)));
+}
+
+/// Packs 32-bit integers by saturation: as many vectors as one of D takes.
+template <class D>
+inline OwnsVec<D> ownsPacked(const __m128i (&x)[4 / sizeof(D)])
+{
+    if constexpr (sizeof(D) == 4) {
+        return ownsAs<D>(x[0]);
+    } else if constexpr (sizeof(D) == 2) {
+        return ownsAs<D>(std::is_signed_v<D> ? _mm_packs_epi32(x[0], x[1]) : _mm_packus_epi32(x[0], x[1]));
+    } else {
+        const __m128i low = _mm_packs_epi32(x[0], x[1]);
+        const __m128i high = _mm_packs_epi32(x[2], x[3]);
+        return ownsAs<D>(std::is_signed_v<D> ? _mm_packs_epi16(low, high) : _mm_packus_epi16(low, high));
+    }
+}

@@ -1,0 +1,143 @@
+// Sums and differences of integers on every path of the scale factor.
+//
+// The exact value has one bit more than a lane. It is held as the floor of its half and the bit that was
+// lost, so that no lane has to be widened: the floor comes from an average or from the identities
+// a + b = 2 (a & b) + (a ^ b) and a - b = (a ^ b) - 2 (b & ~a), the lost bit is that of a ^ b. Where the
+// value is multiplied or saturated, the saturated sum serves: it is beyond the range only where the result
+// is.
+#pragma once
+
+#include "frame/scaleVec.h"
+#include "frame/scaledMap.h"
+
+namespace owns_detail {
+
+inline OwnsVec<Zel32s> saturated32s(OwnsVec<Zel32s> wrapped, OwnsVec<Zel32s> overflowed, OwnsVec<Zel32s> sign)
+{
+    const OwnsVec<Zel32s> limit = (sign >> 31) ^ INT32_MAX;
+    return ownsAs<Zel32s>(_mm_blendv_ps(ownsFloat(wrapped), ownsFloat(limit), ownsFloat(overflowed)));
+}
+
+} // namespace owns_detail
+
+/// a + b, saturated; and the floor of its half.
+inline OwnsVec<Zel8u> ownsSumSaturated(OwnsVec<Zel8u> a, OwnsVec<Zel8u> b)
+{
+    return ownsAs<Zel8u>(_mm_adds_epu8(ownsInt(a), ownsInt(b)));
+}
+inline OwnsVec<Zel16u> ownsSumSaturated(OwnsVec<Zel16u> a, OwnsVec<Zel16u> b)
+{
+    return ownsAs<Zel16u>(_mm_adds_epu16(ownsInt(a), ownsInt(b)));
+}
+inline OwnsVec<Zel16s> ownsSumSaturated(OwnsVec<Zel16s> a, OwnsVec<Zel16s> b)
+{
+    return ownsAs<Zel16s>(_mm_adds_epi16(ownsInt(a), ownsInt(b)));
+}
+inline OwnsVec<Zel32s> ownsSumSaturated(OwnsVec<Zel32s> a, OwnsVec<Zel32s> b)
+{
+    const OwnsVec<Zel32s> sum = a + b;
+    return owns_detail::saturated32s(sum, (sum ^ a) & (sum ^ b), a);
+}
+
+inline OwnsVec<Zel8u> ownsSumHalf(OwnsVec<Zel8u> a, OwnsVec<Zel8u> b)
+{
+    return ownsAs<Zel8u>(_mm_avg_epu8(ownsInt(a), ownsInt(b))) - ((a ^ b) & 1);
+}
+inline OwnsVec<Zel16u> ownsSumHalf(OwnsVec<Zel16u> a, OwnsVec<Zel16u> b)
+{
+    return ownsAs<Zel16u>(_mm_avg_epu16(ownsInt(a), ownsInt(b))) - ((a ^ b) & 1);
+}
+inline OwnsVec<Zel16s> ownsSumHalf(OwnsVec<Zel16s> a, OwnsVec<Zel16s> b)
+{
+    return (a & b) + ((a ^ b) >> 1);
+}
+inline OwnsVec<Zel32s> ownsSumHalf(OwnsVec<Zel32s> a, OwnsVec<Zel32s> b)
+{
+    return (a & b) + ((a ^ b) >> 1);
+}
+
+/// a - b, saturated; and the floor of its half. Unsigned types take a negative difference for 0.
+inline OwnsVec<Zel8u> ownsDifferenceSaturated(OwnsVec<Zel8u> a, OwnsVec<Zel8u> b)
+{
+    return ownsAs<Zel8u>(_mm_subs_epu8(ownsInt(a), ownsInt(b)));
+}
+inline OwnsVec<Zel16u> ownsDifferenceSaturated(OwnsVec<Zel16u> a, OwnsVec<Zel16u> b)
+{
+    return ownsAs<Zel16u>(_mm_subs_epu16(ownsInt(a), ownsInt(b)));
+}
+inline OwnsVec<Zel16s> ownsDifferenceSaturated(OwnsVec<Zel16s> a, OwnsVec<Zel16s> b)
+{
+    return ownsAs<Zel16s>(_mm_subs_epi16(ownsInt(a), ownsInt(b)));
+}
+inline OwnsVec<Zel32s> ownsDifferenceSaturated(OwnsVec<Zel32s> a, OwnsVec<Zel32s> b)
+{
+    const OwnsVec<Zel32s> difference = a - b;
+    return owns_detail::saturated32s(difference, (difference ^ a) & (a ^ b), a);
+}
+
+inline OwnsVec<Zel8u> ownsDifferenceHalf(OwnsVec<Zel8u> a, OwnsVec<Zel8u> b)
+{
+    // The average of a and 255 - b is the floor of half the difference, and 128.
+    return ownsAs<Zel8u>(_mm_subs_epu8(_mm_avg_epu8(ownsInt(a), ownsInt(~b)), _mm_set1_epi8(-128)));
+}
+inline OwnsVec<Zel16u> ownsDifferenceHalf(OwnsVec<Zel16u> a, OwnsVec<Zel16u> b)
+{
+    return ownsAs<Zel16u>(_mm_subs_epu16(_mm_avg_epu16(ownsInt(a), ownsInt(~b)), _mm_set1_epi16(-32768)));
+}
+inline OwnsVec<Zel16s> ownsDifferenceHalf(OwnsVec<Zel16s> a, OwnsVec<Zel16s> b)
+{
+    return ((a ^ b) >> 1) - (b & ~a);
+}
+inline OwnsVec<Zel32s> ownsDifferenceHalf(OwnsVec<Zel32s> a, OwnsVec<Zel32s> b)
+{
+    return ((a ^ b) >> 1) - (b & ~a);
+}
+
+/// a + b on vectors of T.
+template <class T>
+struct OwnsSum {
+    using V = OwnsVec<T>;
+    static V apply(OwnsUnscaled, V a, V b) { return ownsSumSaturated(a, b); }
+    static V apply(OwnsHalved, V a, V b) { return ownsHalvedEven(ownsSumHalf(a, b), a ^ b); }
+    static V apply(OwnsShiftedRight path, V a, V b)
+    {
+        return ownsRoundedRight(ownsSumHalf(a, b), a ^ b, path.shift - 1);
+    }
+    static V apply(OwnsShiftedLeft path, V a, V b)
+    {
+        return ownsShiftedLeft(ownsSumSaturated(a, b), path.shift);
+    }
+    static V apply(OwnsBySign, V a, V b) { return ownsSaturatedBySign(ownsSumSaturated(a, b)); }
+};
+
+/// a - b on vectors of T.
+template <class T>
+struct OwnsDifference {
+    using V = OwnsVec<T>;
+    static V apply(OwnsUnscaled, V a, V b) { return ownsDifferenceSaturated(a, b); }
+    static V apply(OwnsHalved, V a, V b) { return ownsHalvedEven(ownsDifferenceHalf(a, b), a ^ b); }
+    static V apply(OwnsShiftedRight path, V a, V b)
+    {
+        return ownsRoundedRight(ownsDifferenceHalf(a, b), a ^ b, path.shift - 1);
+    }
+    static V apply(OwnsShiftedLeft path, V a, V b)
+    {
+        return ownsShiftedLeft(ownsDifferenceSaturated(a, b), path.shift);
+    }
+    static V apply(OwnsBySign, V a, V b) { return ownsSaturatedBySign(ownsDifferenceSaturated(a, b)); }
+};
+
+/// The entry of a sum or difference with a constant. Without a scale factor a constant of 0 makes it a copy,
+/// and in place nothing at all.
+template <OwnsScaleLimits limits, OwnsShape shape, class Op, class T>
+[[gnu::always_inline]] inline ZelStatus ownsRunSumC(int scaleFactor, T* pDst, int len, const T* pSrc, T val)
+{
+    if (const ZelStatus status = ownsCheck(len, pSrc, pDst); status != zelStatusOk)
+        return status;
+    if (scaleFactor == 0 && ownsIsZero(val)) {
+        if (pSrc != pDst)
+            ownsCopy(pSrc, pDst, len);
+        return zelStatusOk;
+    }
+    return ownsMapScaled<limits, shape, Op>(scaleFactor, pDst, len, pSrc, val);
+}

@@ -1,0 +1,99 @@
+// The driver of scaled integer work: checks, choice of the path, one kernel a path.
+#pragma once
+
+#include "frame/bulk.h"
+#include "frame/map.h"
+#include "frame/scaleFactor.h"
+
+// An operation has a static function `apply` for each path: apply(path, vectors...) gives the destination
+// vector. The kernels are functions of their own, so that the in-place form and the other forms of an
+// operation share them.
+
+/// A right shift by exactly one word, in operations whose exact value is two words: `word` tells them.
+struct OwnsShiftedWord {};
+/// A right shift by more than one word.
+struct OwnsShiftedFar {
+    int shift; ///< beyond the word
+};
+
+/// Whether a constant is 0, in both parts.
+template <class T>
+inline bool ownsIsZero(T val)
+{
+    if constexpr (ownsIsComplex<T>)
+        return val.re == 0 && val.im == 0;
+    else
+        return val == 0;
+}
+
+/// The operation with its two operands exchanged.
+template <class Op>
+struct OwnsReversed {
+    template <class Path, class V>
+    static V apply(Path path, V a, V b)
+    {
+        return Op::apply(path, b, a);
+    }
+};
+
+namespace owns_detail {
+
+template <OwnsShape shape, class Op, class Path, class D, class... S>
+[[gnu::noinline]] void scaledKernel(Path path, D* pDst, ZelSize len, const S*... pSrc)
+{
+    ownsMap<shape>([path](auto... x) { return Op::apply(path, x...); }, pDst, len, pSrc...);
+}
+
+template <OwnsShape shape, class Op, class Path, class D, class S>
+[[gnu::noinline]] void scaledConstantKernel(Path path, D* pDst, ZelSize len, const S* pSrc, OwnsVec<S> val)
+{
+    ownsMap<shape>([path, val](auto x) { return Op::apply(path, x, val); }, pDst, len, pSrc);
+}
+
+template <class Op>
+concept OfTwoWords = requires
+{
+    Op::word;
+};
+
+/// Calls `kernel` with the path, a right shift of an operation on two words split in three.
+template <class Op, class Path, class Kernel>
+[[gnu::always_inline]] inline void withWord(Path path, Kernel kernel)
+{
+    if constexpr (OfTwoWords<Op> && std::is_same_v<Path, OwnsShiftedRight>) {
+        if (path.shift == Op::word)
+            return kernel(OwnsShiftedWord{});
+        if (path.shift > Op::word)
+            return kernel(OwnsShiftedFar{path.shift - Op::word});
+    }
+    kernel(path);
+}
+
+} // namespace owns_detail
+
+/// The entry of a scaled operation on vectors.
+template <OwnsScaleLimits limits, OwnsShape shape, class Op, class D, class... S>
+[[gnu::always_inline]] inline ZelStatus ownsRunScaled(int scaleFactor, D* pDst, ZelSize len, const S*... pSrc)
+{
+    if (const ZelStatus status = ownsCheck(len, pSrc..., pDst); status != zelStatusOk)
+        return status;
+    const auto kernel = [=](auto path) { owns_detail::scaledKernel<shape, Op>(path, pDst, len, pSrc...); };
+    ownsWithScaleFactor<limits>(
+        scaleFactor, [=] { ownsZero(pDst, len); },
+        [=](auto path) { owns_detail::withWord<Op>(path, kernel); });
+    return zelStatusOk;
+}
+
+/// The entry of a scaled operation on a vector and a constant, behind the checks and short cuts.
+template <OwnsScaleLimits limits, OwnsShape shape, class Op, class T>
+[[gnu::always_inline]] inline ZelStatus ownsMapScaled(int scaleFactor, T* pDst, ZelSize len, const T* pSrc,
+                                                      T val)
+{
+    const auto kernel = [=](auto path) {
+        owns_detail::scaledConstantKernel<shape, Op>(path, pDst, len, pSrc, ownsSplat(val));
+    };
+    ownsWithScaleFactor<limits>(
+        scaleFactor, [=] { ownsZero(pDst, len); },
+        [=](auto path) { owns_detail::withWord<Op>(path, kernel); });
+    return zelStatusOk;
+}
