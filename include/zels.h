@@ -12,4 +12,6 @@
 
 #include "zels/arith.h" /* IWYU pragma: export */
 
+#include "zels/math.h" /* IWYU pragma: export */
+
 #endif

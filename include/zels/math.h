@@ -1,0 +1,205 @@
+/** @file
+ *  Mathematical functions of vectors: squares, roots, magnitudes, powers, normalisation.
+ */
+#ifndef ZELS_MATH_H
+#define ZELS_MATH_H
+
+#include "zels/types.h"
+
+#ifdef __cplusplus
+extern "C" {
+#endif
+
+/** @defgroup math Mathematical functions
+ *  Each element is computed by itself, whatever its place in the vector and the vector's length. Source and
+ * destination may be the same array; the `_I` and `_ISfs` forms are just that. The long forms test the length
+ * before the pointers, the others after. Scaled forms give the value times 2 to the power -`scaleFactor`,
+ * rounded to nearest with ties to even in every rounding mode of the caller, and saturated; each int is a
+ * valid scale factor, and one that makes every result 0 clears the destination unread.
+ *  @{
+ */
+
+/** @name Square
+ *  `pDst[n] = pSrc[n] * pSrc[n]`. Float results are one rounded product, complex ones `re = a*a - b*b`,
+ * `im = b*a + a*b` with each product and sum rounded. The scaled forms start from the exact square; each part
+ * of a complex one is rounded and saturated by itself.
+ *  @param pSrc source
+ *  @param pDst destination
+ *  @param pSrcDst source and destination
+ *  @param len length in elements
+ *  @param scaleFactor the result is divided by 2 to this power
+ *  @return #zelErrNullPtr for a null pointer, else #zelErrSize for a length below 1, else #zelStatusOk
+ *  @{
+ */
+ZELS_API ZelStatus zelsSqr_32f(const Zel32f* pSrc, Zel32f* pDst, int len);
+ZELS_API ZelStatus zelsSqr_32f_I(Zel32f* pSrcDst, int len);
+ZELS_API ZelStatus zelsSqr_32f_L(const Zel32f* pSrc, Zel32f* pDst, ZelSize len);
+ZELS_API ZelStatus zelsSqr_32f_I_L(Zel32f* pSrcDst, ZelSize len);
+ZELS_API ZelStatus zelsSqr_64f(const Zel64f* pSrc, Zel64f* pDst, int len);
+ZELS_API ZelStatus zelsSqr_64f_I(Zel64f* pSrcDst, int len);
+ZELS_API ZelStatus zelsSqr_64f_L(const Zel64f* pSrc, Zel64f* pDst, ZelSize len);
+ZELS_API ZelStatus zelsSqr_64f_I_L(Zel64f* pSrcDst, ZelSize len);
+ZELS_API ZelStatus zelsSqr_32fc(const Zel32fc* pSrc, Zel32fc* pDst, int len);
+ZELS_API ZelStatus zelsSqr_32fc_I(Zel32fc* pSrcDst, int len);
+ZELS_API ZelStatus zelsSqr_32fc_L(const Zel32fc* pSrc, Zel32fc* pDst, ZelSize len);
+ZELS_API ZelStatus zelsSqr_32fc_I_L(Zel32fc* pSrcDst, ZelSize len);
+ZELS_API ZelStatus zelsSqr_64fc(const Zel64fc* pSrc, Zel64fc* pDst, int len);
+ZELS_API ZelStatus zelsSqr_64fc_I(Zel64fc* pSrcDst, int len);
+ZELS_API ZelStatus zelsSqr_64fc_L(const Zel64fc* pSrc, Zel64fc* pDst, ZelSize len);
+ZELS_API ZelStatus zelsSqr_64fc_I_L(Zel64fc* pSrcDst, ZelSize len);
+ZELS_API ZelStatus zelsSqr_8u_Sfs(const Zel8u* pSrc, Zel8u* pDst, int len, int scaleFactor);
+ZELS_API ZelStatus zelsSqr_8u_ISfs(Zel8u* pSrcDst, int len, int scaleFactor);
+ZELS_API ZelStatus zelsSqr_16s_Sfs(const Zel16s* pSrc, Zel16s* pDst, int len, int scaleFactor);
+ZELS_API ZelStatus zelsSqr_16s_ISfs(Zel16s* pSrcDst, int len, int scaleFactor);
+ZELS_API ZelStatus zelsSqr_16u_Sfs(const Zel16u* pSrc, Zel16u* pDst, int len, int scaleFactor);
+ZELS_API ZelStatus zelsSqr_16u_ISfs(Zel16u* pSrcDst, int len, int scaleFactor);
+ZELS_API ZelStatus zelsSqr_16sc_Sfs(const Zel16sc* pSrc, Zel16sc* pDst, int len, int scaleFactor);
+ZELS_API ZelStatus zelsSqr_16sc_ISfs(Zel16sc* pSrcDst, int len, int scaleFactor);
+/** @} */
+
+/** @name Square root
+ *  The root of each element; complex elements have the principal root, whose real part is not negative.
+ *
+ *  A negative element of a signed real type gives a NaN, in integer forms 0, and #zelWarnSqrtNegative is
+ * returned once the whole vector is done. -0 gives -0 and no warning. Scale factors that leave no integer
+ * result but 0 (above 16 in zelsSqrt_32s16s_Sfs, above 8 in zelsSqrt_16s_Sfs) give no warning either, since
+ * the source is not read.
+ *
+ *  Real floats are correctly rounded in the caller's mode. Complex ones have the special values of the
+ * standard `csqrt` and overflow nowhere; the error of each part is below 0.51 units in the last place in
+ * `32fc`, and below 2.5 in `64fc`, rounding to nearest. Integer results are correctly rounded.
+ *  @param pSrc source
+ *  @param pDst destination
+ *  @param pSrcDst source and destination
+ *  @param len length in elements
+ *  @param scaleFactor the result is divided by 2 to this power
+ *  @return #zelErrNullPtr for a null pointer, else #zelErrSize for a length below 1, else #zelWarnSqrtNegative
+ *  where an element is negative, else #zelStatusOk
+ *  @{
+ */
+ZELS_API ZelStatus zelsSqrt_32f(const Zel32f* pSrc, Zel32f* pDst, int len);
+ZELS_API ZelStatus zelsSqrt_32f_I(Zel32f* pSrcDst, int len);
+ZELS_API ZelStatus zelsSqrt_64f(const Zel64f* pSrc, Zel64f* pDst, int len);
+ZELS_API ZelStatus zelsSqrt_64f_I(Zel64f* pSrcDst, int len);
+ZELS_API ZelStatus zelsSqrt_32fc(const Zel32fc* pSrc, Zel32fc* pDst, int len);
+ZELS_API ZelStatus zelsSqrt_32fc_I(Zel32fc* pSrcDst, int len);
+ZELS_API ZelStatus zelsSqrt_64fc(const Zel64fc* pSrc, Zel64fc* pDst, int len);
+ZELS_API ZelStatus zelsSqrt_64fc_I(Zel64fc* pSrcDst, int len);
+ZELS_API ZelStatus zelsSqrt_8u_Sfs(const Zel8u* pSrc, Zel8u* pDst, int len, int scaleFactor);
+ZELS_API ZelStatus zelsSqrt_8u_ISfs(Zel8u* pSrcDst, int len, int scaleFactor);
+ZELS_API ZelStatus zelsSqrt_16u_Sfs(const Zel16u* pSrc, Zel16u* pDst, int len, int scaleFactor);
+ZELS_API ZelStatus zelsSqrt_16u_ISfs(Zel16u* pSrcDst, int len, int scaleFactor);
+ZELS_API ZelStatus zelsSqrt_16s_Sfs(const Zel16s* pSrc, Zel16s* pDst, int len, int scaleFactor);
+ZELS_API ZelStatus zelsSqrt_16s_ISfs(Zel16s* pSrcDst, int len, int scaleFactor);
+ZELS_API ZelStatus zelsSqrt_16sc_Sfs(const Zel16sc* pSrc, Zel16sc* pDst, int len, int scaleFactor);
+ZELS_API ZelStatus zelsSqrt_16sc_ISfs(Zel16sc* pSrcDst, int len, int scaleFactor);
+ZELS_API ZelStatus zelsSqrt_32s16s_Sfs(const Zel32s* pSrc, Zel16s* pDst, int len, int scaleFactor);
+/** @} */
+
+/** @name Magnitude
+ *  `sqrt(re^2 + im^2)`, from two vectors of parts or from complex elements.
+ *
+ *  Results in `32f` are made by one Newton step from the processor's estimate of the reciprocal root of the
+ * sum of squares in single precision: within 5 units in the last place, not necessarily exact even for (3, 4),
+ * and NaN where the sum overflows. A sum below the normal numbers has its true root. The forms of 16-bit
+ * sources start from the exact sum of squares, rounded once. Results in `64f` are those of `hypot`: no undue
+ * overflow, an infinity wins over a NaN, the error below 0.86 units in the last place, rounding to nearest.
+ *
+ *  The scaled forms of 16-bit sources round the exact value, but 0 is the result of every scale factor above
+ * 15; one below -14 gives 32767 for each element but 0. zelsMagnitude_32sc_Sfs computes in double precision
+ * and rounds as the caller's mode says; a factor above 32 gives 0, and one below -30 gives 2147483647 for each
+ * element but 0.
+ *  @param pSrcRe real parts
+ *  @param pSrcIm imaginary parts
+ *  @param pSrc source
+ *  @param pDst destination
+ *  @param len length in elements
+ *  @param scaleFactor the result is divided by 2 to this power
+ *  @return #zelErrNullPtr for a null pointer, else #zelErrSize for a length below 1, else #zelStatusOk
+ *  @{
+ */
+ZELS_API ZelStatus zelsMagnitude_32f(const Zel32f* pSrcRe, const Zel32f* pSrcIm, Zel32f* pDst, int len);
+ZELS_API ZelStatus zelsMagnitude_32f_L(const Zel32f* pSrcRe, const Zel32f* pSrcIm, Zel32f* pDst, ZelSize len);
+ZELS_API ZelStatus zelsMagnitude_64f(const Zel64f* pSrcRe, const Zel64f* pSrcIm, Zel64f* pDst, int len);
+ZELS_API ZelStatus zelsMagnitude_64f_L(const Zel64f* pSrcRe, const Zel64f* pSrcIm, Zel64f* pDst, ZelSize len);
+ZELS_API ZelStatus zelsMagnitude_32fc(const Zel32fc* pSrc, Zel32f* pDst, int len);
+ZELS_API ZelStatus zelsMagnitude_32fc_L(const Zel32fc* pSrc, Zel32f* pDst, ZelSize len);
+ZELS_API ZelStatus zelsMagnitude_64fc(const Zel64fc* pSrc, Zel64f* pDst, int len);
+ZELS_API ZelStatus zelsMagnitude_64fc_L(const Zel64fc* pSrc, Zel64f* pDst, ZelSize len);
+ZELS_API ZelStatus zelsMagnitude_16s32f(const Zel16s* pSrcRe, const Zel16s* pSrcIm, Zel32f* pDst, int len);
+ZELS_API ZelStatus zelsMagnitude_16sc32f(const Zel16sc* pSrc, Zel32f* pDst, int len);
+ZELS_API ZelStatus zelsMagnitude_16s_Sfs(const Zel16s* pSrcRe, const Zel16s* pSrcIm, Zel16s* pDst, int len,
+                                         int scaleFactor);
+ZELS_API ZelStatus zelsMagnitude_16sc_Sfs(const Zel16sc* pSrc, Zel16s* pDst, int len, int scaleFactor);
+ZELS_API ZelStatus zelsMagnitude_32sc_Sfs(const Zel32sc* pSrc, Zel32s* pDst, int len, int scaleFactor);
+/** @} */
+
+/** @name Power
+ *  `re^2 + im^2`, from two vectors of parts or from complex elements. Float products and sums are rounded one
+ * by one. Integer sums are exact; in `32f` they are rounded once, by the caller's mode.
+ *  @param pSrcRe real parts
+ *  @param pSrcIm imaginary parts
+ *  @param pSrc source
+ *  @param pDst destination
+ *  @param len length in elements
+ *  @param scaleFactor the result is divided by 2 to this power
+ *  @return #zelErrNullPtr for a null pointer, else #zelErrSize for a length below 1, else #zelStatusOk
+ *  @{
+ */
+ZELS_API ZelStatus zelsPowerSpectr_32f(const Zel32f* pSrcRe, const Zel32f* pSrcIm, Zel32f* pDst, int len);
+ZELS_API ZelStatus zelsPowerSpectr_32f_L(const Zel32f* pSrcRe, const Zel32f* pSrcIm, Zel32f* pDst,
+                                         ZelSize len);
+ZELS_API ZelStatus zelsPowerSpectr_64f(const Zel64f* pSrcRe, const Zel64f* pSrcIm, Zel64f* pDst, int len);
+ZELS_API ZelStatus zelsPowerSpectr_64f_L(const Zel64f* pSrcRe, const Zel64f* pSrcIm, Zel64f* pDst,
+                                         ZelSize len);
+ZELS_API ZelStatus zelsPowerSpectr_32fc(const Zel32fc* pSrc, Zel32f* pDst, int len);
+ZELS_API ZelStatus zelsPowerSpectr_32fc_L(const Zel32fc* pSrc, Zel32f* pDst, ZelSize len);
+ZELS_API ZelStatus zelsPowerSpectr_64fc(const Zel64fc* pSrc, Zel64f* pDst, int len);
+ZELS_API ZelStatus zelsPowerSpectr_64fc_L(const Zel64fc* pSrc, Zel64f* pDst, ZelSize len);
+ZELS_API ZelStatus zelsPowerSpectr_16s32f(const Zel16s* pSrcRe, const Zel16s* pSrcIm, Zel32f* pDst, int len);
+ZELS_API ZelStatus zelsPowerSpectr_16sc32f(const Zel16sc* pSrc, Zel32f* pDst, int len);
+ZELS_API ZelStatus zelsPowerSpectr_16s_Sfs(const Zel16s* pSrcRe, const Zel16s* pSrcIm, Zel16s* pDst, int len,
+                                           int scaleFactor);
+ZELS_API ZelStatus zelsPowerSpectr_16sc_Sfs(const Zel16sc* pSrc, Zel16s* pDst, int len, int scaleFactor);
+/** @} */
+
+/** @name Normalisation
+ *  `pDst[n] = (pSrc[n] - vSub) / vDiv`, computed with the reciprocal of `vDiv`: the difference, the reciprocal
+ * and the product are each rounded in the data type. The scaled forms compute in single precision, where the
+ * differences are exact, with the factor `1 / vDiv * 2^-scaleFactor`; below 2^-17 it clears the destination
+ * unread. The product is rounded to nearest with ties to even and saturated.
+ *  @param pSrc source
+ *  @param pDst destination
+ *  @param pSrcDst source and destination
+ *  @param len length in elements
+ *  @param vSub what is subtracted from each element
+ *  @param vDiv divisor
+ *  @param scaleFactor the result is divided by 2 to this power
+ *  @return #zelErrNullPtr for a null pointer, else #zelErrSize for a length below 1, else #zelErrDivByZero for
+ *  a divisor of 0 (in `32f` and `32fc` of less than 1.1754943508222875e-38 either way), else #zelStatusOk
+ *  @{
+ */
+ZELS_API ZelStatus zelsNormalize_32f(const Zel32f* pSrc, Zel32f* pDst, int len, Zel32f vSub, Zel32f vDiv);
+ZELS_API ZelStatus zelsNormalize_32f_I(Zel32f* pSrcDst, int len, Zel32f vSub, Zel32f vDiv);
+ZELS_API ZelStatus zelsNormalize_64f(const Zel64f* pSrc, Zel64f* pDst, int len, Zel64f vSub, Zel64f vDiv);
+ZELS_API ZelStatus zelsNormalize_64f_I(Zel64f* pSrcDst, int len, Zel64f vSub, Zel64f vDiv);
+ZELS_API ZelStatus zelsNormalize_32fc(const Zel32fc* pSrc, Zel32fc* pDst, int len, Zel32fc vSub, Zel32f vDiv);
+ZELS_API ZelStatus zelsNormalize_32fc_I(Zel32fc* pSrcDst, int len, Zel32fc vSub, Zel32f vDiv);
+ZELS_API ZelStatus zelsNormalize_64fc(const Zel64fc* pSrc, Zel64fc* pDst, int len, Zel64fc vSub, Zel64f vDiv);
+ZELS_API ZelStatus zelsNormalize_64fc_I(Zel64fc* pSrcDst, int len, Zel64fc vSub, Zel64f vDiv);
+ZELS_API ZelStatus zelsNormalize_16s_Sfs(const Zel16s* pSrc, Zel16s* pDst, int len, Zel16s vSub, int vDiv,
+                                         int scaleFactor);
+ZELS_API ZelStatus zelsNormalize_16s_ISfs(Zel16s* pSrcDst, int len, Zel16s vSub, int vDiv, int scaleFactor);
+ZELS_API ZelStatus zelsNormalize_16sc_Sfs(const Zel16sc* pSrc, Zel16sc* pDst, int len, Zel16sc vSub, int vDiv,
+                                          int scaleFactor);
+ZELS_API ZelStatus zelsNormalize_16sc_ISfs(Zel16sc* pSrcDst, int len, Zel16sc vSub, int vDiv,
+                                           int scaleFactor);
+/** @} */
+
+/** @} */
+
+#ifdef __cplusplus
+}
+#endif
+
+#endif
