@@ -12,4 +12,6 @@
 
 #include "zels/arith.h" /* IWYU pragma: export */
 
+#include "zels/stats.h" /* IWYU pragma: export */
+
 #endif
