@@ -589,10 +589,10 @@ ZELS_API ZelStatus zelsCountInRange_32s(const Zel32s* pSrc, int len, int* pCount
  *  |---|---|
  *  | 0 | pairs of opposite sign: a zero between breaks a crossing |
  *  | 1 | pairs whose sign bits differ, those of zeros included |
- *  | 2 | half the sum of the differences of their signs, where zero has sign 0: a way through zero counts
- * twice one half |
+ *  | 2 | half the sum of the differences of signs, zero having sign 0 |
  *
- *  A NaN has no sign (but a sign bit). A single element has no crossing.
+ *  So a way through an exact zero counts nothing, by the sign of the zero, or twice one half. A NaN has no
+ * sign, but a sign bit. A single element has no crossing.
  *  @param pSrc source
  *  @param len length in elements
  *  @param pValZC where the measure goes
