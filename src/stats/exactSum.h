@@ -3,9 +3,9 @@
 
 #include "frame/reduce.h"
 
-/// A running sum of 32-bit lanes, exact in 64 bits, at three instructions a vector: each lane keeps its sum modulo
-/// 2^32 and the sum of its upper halves, which leaves the sum of the lower halves to be had by subtraction. Good
-/// for 2^15 vectors, the running values that are merged counted together.
+/// A running sum of 32-bit lanes, exact in 64 bits, at three instructions a vector: each lane keeps its sum
+/// modulo 2^32 and the sum of its upper halves, which leaves the sum of the lower halves to be had by
+/// subtraction. Good for 2^15 vectors, the running values that are merged counted together.
 template <class T>
 struct OwnsExactSum {
     OwnsVec<Zel32u> low{};
@@ -48,6 +48,10 @@ struct OwnsExactSum {
     }
 };
 
+inline Zel64s ownsLaneSum(OwnsVec<Zel32s> v)
+{
+    return Zel64s{v[0]} + v[1] + v[2] + v[3];
+}
 inline Zel64s ownsLaneSum(OwnsVec<Zel64s> v)
 {
     return v[0] + v[1];
@@ -75,9 +79,7 @@ inline Zel64s ownsExactTotal(const Zel16s* pSrc, ZelSize len)
                 r += ownsAs<Zel32s>(_mm_madd_epi16(ownsInt(x), ones));
             },
             pSrc);
-        const __m128i lanes = ownsInt((a[0] + a[1]) + (a[2] + a[3]));
-        total += ownsLaneSum(ownsAs<Zel64s>(_mm_cvtepi32_epi64(lanes)) +
-                             ownsAs<Zel64s>(_mm_cvtepi32_epi64(_mm_srli_si128(lanes, 8))));
+        total += ownsLaneSum((a[0] + a[1]) + (a[2] + a[3]));
     });
     return total;
 }
@@ -101,10 +103,8 @@ inline OwnsPairSum ownsExactTotal(const Zel16sc* pSrc, ZelSize len)
                 r.im += ownsAs<Zel32s>(_mm_madd_epi16(ownsInt(x), imaginary));
             },
             pSrc);
-        const OwnsVec<Zel32s> re = a[0].re + a[1].re;
-        const OwnsVec<Zel32s> im = a[0].im + a[1].im;
-        total.re += Zel64s{re[0]} + re[1] + re[2] + re[3];
-        total.im += Zel64s{im[0]} + im[1] + im[2] + im[3];
+        total.re += ownsLaneSum(a[0].re + a[1].re);
+        total.im += ownsLaneSum(a[0].im + a[1].im);
     });
     return total;
 }

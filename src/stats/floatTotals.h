@@ -1,7 +1,7 @@
 // The sums behind Sum and Mean of floats, before they are rounded to their type.
 //
-// All give two double lanes: of real data the sum is that of the lanes, of complex data they are its parts. Both are
-// read as a row of parts, so a complex element is a pair.
+// All give two double lanes: of real data the sum is that of the lanes, of complex data they are its parts.
+// Both are read as a row of parts, so a complex element is a pair.
 #pragma once
 
 #include "frame/entry.h"
@@ -45,11 +45,11 @@ inline OwnsF64x2 ownsBlockTotal(const Zel32f* p, ZelSize n)
     }
     if (i < n)
         sum += OwnsF32x4{ownsGet(p + i)};
-    return _mm_cvtps_pd(sum + OwnsF32x4(_mm_movehl_ps(sum, sum)));
+    return ownsWideFold(sum);
 }
 
-/// Blocks of 32,768 parts summed in single precision, from the first 16-byte boundary on. The block bounds the
-/// error: 2,048 additions in each lane and a few folds.
+/// Blocks of 32,768 parts summed in single precision, from the first 16-byte boundary on. The block bounds
+/// the error: 2,048 additions in each lane and a few folds.
 template <class T>
 [[gnu::always_inline]] inline OwnsF64x2 ownsFastTotal(const T* pSrc, ZelSize len)
 {
@@ -60,9 +60,8 @@ template <class T>
     for (ZelSize i = 0; i < before; i++)
         total += ownsIsComplex<T> ? ownsWidePair(p + 2 * i) : ownsWideOne(p + i);
     constexpr int parts = OwnsElem<T>::parts;
-    ownsBlocks(32768, parts * before, parts * len, [&](ZelSize from, ZelSize to) {
-        total += ownsBlockTotal(p + from, to - from);
-    });
+    ownsBlocks(32768, parts * before, parts * len,
+               [&](ZelSize from, ZelSize to) { total += ownsBlockTotal(p + from, to - from); });
     return total;
 }
 

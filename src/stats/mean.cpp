@@ -54,9 +54,7 @@ ZelStatus zelsMean_64f(const Zel64f* pSrc, int len, Zel64f* pMean)
 
 ZelStatus zelsMean_64f_L(const Zel64f* pSrc, ZelSize len, Zel64f* pMean)
 {
-    const auto mean = [=] {
-        return ownsRounded<Zel64f>(ownsTotal(pSrc, len)) / static_cast<Zel64f>(len);
-    };
+    const auto mean = [=] { return ownsRounded<Zel64f>(ownsTotal(pSrc, len)) / static_cast<Zel64f>(len); };
     return ownsReduce(pMean, mean, len, pSrc);
 }
 

@@ -9,7 +9,8 @@ ZelStatus zelsSum_32f(const Zel32f* pSrc, int len, Zel32f* pSum, ZelHintAlgorith
 
 ZelStatus zelsSum_32f_L(const Zel32f* pSrc, ZelSize len, Zel32f* pSum, ZelHintAlgorithm hint)
 {
-    return ownsReduce(pSum, [=] { return ownsRounded<Zel32f>(ownsTotal(pSrc, len, hint)); }, len, pSrc);
+    return ownsReduce(
+        pSum, [=] { return ownsRounded<Zel32f>(ownsTotal(pSrc, len, hint)); }, len, pSrc);
 }
 
 ZelStatus zelsSum_32fc(const Zel32fc* pSrc, int len, Zel32fc* pSum, ZelHintAlgorithm hint)
@@ -19,7 +20,8 @@ ZelStatus zelsSum_32fc(const Zel32fc* pSrc, int len, Zel32fc* pSum, ZelHintAlgor
 
 ZelStatus zelsSum_32fc_L(const Zel32fc* pSrc, ZelSize len, Zel32fc* pSum, ZelHintAlgorithm hint)
 {
-    return ownsReduce(pSum, [=] { return ownsRounded<Zel32fc>(ownsTotal(pSrc, len, hint)); }, len, pSrc);
+    return ownsReduce(
+        pSum, [=] { return ownsRounded<Zel32fc>(ownsTotal(pSrc, len, hint)); }, len, pSrc);
 }
 
 ZelStatus zelsSum_64f(const Zel64f* pSrc, int len, Zel64f* pSum)
@@ -29,7 +31,8 @@ ZelStatus zelsSum_64f(const Zel64f* pSrc, int len, Zel64f* pSum)
 
 ZelStatus zelsSum_64f_L(const Zel64f* pSrc, ZelSize len, Zel64f* pSum)
 {
-    return ownsReduce(pSum, [=] { return ownsRounded<Zel64f>(ownsTotal(pSrc, len)); }, len, pSrc);
+    return ownsReduce(
+        pSum, [=] { return ownsRounded<Zel64f>(ownsTotal(pSrc, len)); }, len, pSrc);
 }
 
 ZelStatus zelsSum_64fc(const Zel64fc* pSrc, int len, Zel64fc* pSum)
@@ -39,5 +42,6 @@ ZelStatus zelsSum_64fc(const Zel64fc* pSrc, int len, Zel64fc* pSum)
 
 ZelStatus zelsSum_64fc_L(const Zel64fc* pSrc, ZelSize len, Zel64fc* pSum)
 {
-    return ownsReduce(pSum, [=] { return ownsRounded<Zel64fc>(ownsTotal(pSrc, len)); }, len, pSrc);
+    return ownsReduce(
+        pSum, [=] { return ownsRounded<Zel64fc>(ownsTotal(pSrc, len)); }, len, pSrc);
 }
