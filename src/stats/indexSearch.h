@@ -96,6 +96,15 @@ inline ZelSize ownsIndexOf(const T* p, ZelSize from, ZelSize to, T value, ZelSiz
     return none;
 }
 
+/// Where the fold of a block first stands. Where the caller has subnormal numbers count as zeros a fold may give a zero
+/// for one, which only a comparison of values finds.
+template <class View, class T>
+inline ZelSize ownsFoldAt(const T* p, ZelSize from, ZelSize to, T value)
+{
+    const ZelSize at = ownsIndexOf<OwnsSameBits, View>(p, from, to, value, to);
+    return at < to ? at : ownsIndexOf<OwnsSameValue, View>(p, from, to, value, from);
+}
+
 /// Takes single elements that compare strictly better.
 template <class Better, class View, class T>
 inline void ownsScan(OwnsFound<T>& best, const T* p, ZelSize from, ZelSize to)
@@ -129,7 +138,7 @@ inline OwnsFound<T> ownsFound(const T* p, ZelSize len)
             (..., (j > 0 ? r[0].take(r[j]) : void()));
             const T value = ownsLaneFold<T>(r[0]).best;
             if (Better::better(value, best.value))
-                best = {value, ownsIndexOf<OwnsSameBits, View>(p, from, to, value, from)};
+                best = {value, ownsFoldAt<View>(p, from, to, value)};
         }
         (std::make_index_sequence<vectors>{});
     });
@@ -155,7 +164,7 @@ inline OwnsFound<T> ownsFoundMagnitude(const T* p, ZelSize len, T worst)
         const V all = Better::fold(Better::fold(r[0], r[1]), Better::fold(r[2], r[3]));
         const T value = ownsLaneFold<T>(OwnsBest<Better, V>(all)).best;
         if (Better::better(value, best.value))
-            best = {value, ownsIndexOf<OwnsSameBits, OwnsMagnitude>(p, from, to, value, from)};
+            best = {value, ownsFoldAt<OwnsMagnitude>(p, from, to, value)};
     });
     ownsScan<Better, OwnsMagnitude>(best, p, whole, len);
     return best;
