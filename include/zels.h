@@ -14,4 +14,6 @@
 
 #include "zels/math.h" /* IWYU pragma: export */
 
+#include "zels/stats.h" /* IWYU pragma: export */
+
 #endif

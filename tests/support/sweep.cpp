@@ -19,6 +19,8 @@ namespace {
 using Bytes = std::vector<std::byte>;
 constexpr int mostPointers = 8;
 
+std::uintptr_t addresses[mostPointers]; // of the call that a model is asked about
+
 /// Fill data is made once and read through windows that begin anywhere in it.
 struct Pool {
     std::vector<std::uint64_t> words;
@@ -301,6 +303,8 @@ class Runner {
             expected[d] = {values[d].data(), tolerant ? exact[d].data() : nullptr};
         }
         bool statusKnown = false;
+        for (std::size_t k = 0; k < count; k++)
+            addresses[k] = reinterpret_cast<std::uintptr_t>(pointers[k]);
         setMode(options.modelToNearest ? nearestMode : c.mode);
         const ZelStatus modelStatus =
             subject.model(subject.context, inputs, expected, c.len, options.lowestStatus, statusKnown);
@@ -446,6 +450,11 @@ class Runner {
 };
 
 } // namespace
+
+std::uintptr_t callAddress(std::size_t pointer)
+{
+    return addresses[pointer];
+}
 
 namespace detail {
 

@@ -78,6 +78,10 @@ struct SweepReport {
     long double worstUlps = 0; ///< largest error seen, where ulps are allowed
 };
 
+/// Inside a model: where a pointer argument of the call lies, for results that depend on the alignment. What a model is
+/// given are copies that lie elsewhere.
+std::uintptr_t callAddress(std::size_t pointer);
+
 /// A value with the status that its element causes.
 template <class T>
 struct WithStatus {
