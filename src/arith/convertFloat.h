@@ -31,17 +31,6 @@ template <class Body>
     }
 }
 
-/// Not above `limit`. A NaN stays one, and like all that is too low it becomes the most negative integer: the
-/// saturating packs make of that the lower end of any range.
-inline OwnsVec<Zel32f> ownsBounded(OwnsVec<Zel32f> x, Zel32f limit)
-{
-    return _mm_min_ps(_mm_set1_ps(limit), x);
-}
-inline OwnsVec<Zel64f> ownsBounded(OwnsVec<Zel64f> x, Zel64f limit)
-{
-    return _mm_min_pd(_mm_set1_pd(limit), x);
-}
-
 /// Four floats, made into integers by truncation after `round`.
 template <class Round>
 inline __m128i ownsIntegers(OwnsVec<Zel32f> x, Round round)

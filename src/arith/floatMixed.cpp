@@ -73,17 +73,14 @@ ZelStatus zelsMulC_Low_32f16s(const Zel32f* pSrc, Zel32f val, Zel16s* pDst, int 
     return ownsRun<shape_16s>(narrow, pDst, len, pSrc);
 }
 
-// Product and conversion round to nearest whatever the caller's mode. Packing saturates downwards by itself, and
-// cvtps2dq gives the most negative integer for a NaN and for whatever lies below its range; minps gives its
-// second operand for a NaN.
+// Product and conversion round to nearest whatever the caller's mode. Packing saturates downwards by itself.
 ZelStatus zelsMulC_32f16s_Sfs(const Zel32f* pSrc, Zel32f val, Zel16s* pDst, int len, int scaleFactor)
 {
     const OwnsNearestMode nearest;
     const Zel32f factor = scaledConstant(val, scaleFactor);
     const auto narrow = [factor](OwnsVecs<Zel32f, 2> x) {
-        const __m128 most = _mm_set1_ps(32767.0f);
-        return ownsAs<Zel16s>(_mm_packs_epi32(_mm_cvtps_epi32(_mm_min_ps(most, x.v[0] * factor)),
-                                              _mm_cvtps_epi32(_mm_min_ps(most, x.v[1] * factor))));
+        return ownsAs<Zel16s>(_mm_packs_epi32(_mm_cvtps_epi32(ownsBounded(x.v[0] * factor, 32767.0f)),
+                                              _mm_cvtps_epi32(ownsBounded(x.v[1] * factor, 32767.0f))));
     };
     return ownsRun<shape_16s>(narrow, pDst, len, pSrc);
 }

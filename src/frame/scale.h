@@ -67,6 +67,17 @@ inline OwnsVec<Zel64f> ownsRoundedNear(OwnsVec<Zel64f> x)
     return _mm_round_pd(x, _MM_FROUND_TO_NEAREST_INT | _MM_FROUND_NO_EXC);
 }
 
+/// Not above `limit`. A NaN stays one, and like all that is too low it becomes the most negative integer: the
+/// saturating packs make of that the lower end of any range.
+inline OwnsVec<Zel32f> ownsBounded(OwnsVec<Zel32f> x, Zel32f limit)
+{
+    return _mm_min_ps(_mm_set1_ps(limit), x);
+}
+inline OwnsVec<Zel64f> ownsBounded(OwnsVec<Zel64f> x, Zel64f limit)
+{
+    return _mm_min_pd(_mm_set1_pd(limit), x);
+}
+
 /// Rounded to nearest, ties to even, and saturated; a NaN gives 0.
 inline Zel64s ownsSaturated64s(Zel64f x)
 {

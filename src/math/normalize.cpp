@@ -59,11 +59,12 @@ template <OwnsShape shape, class T>
     const auto normalized = [=](__m128i x) {
         const OwnsVec<Zel32s> difference = ownsAs<Zel32s>(_mm_cvtepi16_epi32(x)) - subLow;
         const OwnsVec<Zel32f> scaled = OwnsVec<Zel32f>(_mm_cvtepi32_ps(ownsInt(difference))) * factor;
-        return ownsRoundedNear(ownsClamped16s(scaled));
+        return _mm_cvttps_epi32(ownsRoundedNear(ownsBounded(scaled, 32767.0f)));
     };
     ownsMap<shape>(
         [=](OwnsVec<Zel16s> x) {
-            return ownsNarrowed16s(normalized(ownsInt(x)), normalized(_mm_srli_si128(ownsInt(x), 8)));
+            return ownsAs<Zel16s>(
+                _mm_packs_epi32(normalized(ownsInt(x)), normalized(_mm_srli_si128(ownsInt(x), 8))));
         },
         pDst, len, pSrc);
     return zelStatusOk;

@@ -8,7 +8,6 @@ namespace {
 constexpr auto larger = [](auto a, auto b) { return OwnsLargest::fold(a, b); };
 constexpr auto smaller = [](auto a, auto b) { return OwnsSmallest::fold(a, b); };
 
-constexpr OwnsShape shape_8u{32};
 constexpr OwnsShape shapeEvery_64f{11};
 
 /// Arrays that share memory without being the same are taken one element at a time in rising order.
