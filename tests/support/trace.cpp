@@ -50,8 +50,15 @@ void onStep(int, siginfo_t*, void* context)
         registers[REG_EFL] &= ~trapFlag;
 }
 
-void onFirstAccess(int, siginfo_t*, void* context)
+struct sigaction formerFault;
+
+void onFirstAccess(int, siginfo_t* info, void* context)
 {
+    // Once is enough: a fault anywhere else, or another one there, takes its former course.
+    sigaction(SIGSEGV, &formerFault, nullptr);
+    const auto* const address = static_cast<const std::byte*>(info->si_addr);
+    if (address < firstPage || address >= static_cast<std::byte*>(firstPage) + pageBytes)
+        return;
     mprotect(firstPage, pageBytes, PROT_READ | PROT_WRITE);
     static_cast<ucontext_t*>(context)->uc_mcontext.gregs[REG_EFL] |= trapFlag;
 }
@@ -77,24 +84,27 @@ Trace traceCall(void (*call)(void*), void* argument, long long steps, void* from
 {
     struct sigaction action = {};
     struct sigaction formerTrap = {};
-    struct sigaction formerFault = {};
     action.sa_flags = SA_SIGINFO;
     action.sa_sigaction = onStep;
     sigaction(SIGTRAP, &action, &formerTrap);
-    action.sa_sigaction = onFirstAccess;
-    sigaction(SIGSEGV, &action, &formerFault);
     current = {};
     stepsWanted = steps;
     firstPage = fromPage;
     endsAtStreaming = onlyToStreaming;
-    if (fromPage)
+    if (fromPage) {
+        action.sa_sigaction = onFirstAccess;
+        sigaction(SIGSEGV, &action, &formerFault);
         mprotect(fromPage, pageBytes, PROT_NONE);
-    else
+    } else {
         setTrapFlag(true);
+    }
     call(argument);
     setTrapFlag(false);
     sigaction(SIGTRAP, &formerTrap, nullptr);
-    sigaction(SIGSEGV, &formerFault, nullptr);
+    if (fromPage) {
+        sigaction(SIGSEGV, &formerFault, nullptr);
+        mprotect(fromPage, pageBytes, PROT_READ | PROT_WRITE);
+    }
     return current;
 }
 
