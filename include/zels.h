@@ -12,4 +12,6 @@
 
 #include "zels/arith.h" /* IWYU pragma: export */
 
+#include "zels/transforms.h" /* IWYU pragma: export */
+
 #endif
