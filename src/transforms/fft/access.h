@@ -25,6 +25,7 @@ template <class T>
 struct OwnsPairSource {
     const T* p;
 
+    OwnsPairSource from(ZelSize i) const { return {p + 2 * i}; }
     OwnsOne<T> get(ZelSize i) const { return {ownsGet(p + 2 * i), ownsGet(p + 2 * i + 1)}; }
     OwnsPairs<T> load(ZelSize i) const { return {ownsLoad(p + 2 * i)}; }
 };
@@ -35,6 +36,7 @@ struct OwnsSplitSource {
     const T* re;
     const T* im;
 
+    OwnsSplitSource from(ZelSize i) const { return {re + i, im + i}; }
     OwnsOne<T> get(ZelSize i) const { return {ownsGet(re + i), ownsGet(im + i)}; }
     OwnsPairs<T> load(ZelSize i) const
     {
@@ -96,6 +98,8 @@ struct OwnsPairSink {
     T* p;
     T scale;
 
+    OwnsPairSink from(ZelSize group) const { return {p + 2 * ownsLanes<T> * group, scale}; }
+
     void put(ZelSize i, OwnsOne<T> x) const
     {
         ownsPut(p + 2 * i, scaled ? x.re * scale : x.re);
@@ -120,6 +124,11 @@ struct OwnsSplitSink {
     T* re;
     T* im;
     T scale;
+
+    OwnsSplitSink from(ZelSize group) const
+    {
+        return {re + ownsLanes<T> * group, im + ownsLanes<T> * group, scale};
+    }
 
     void put(ZelSize i, OwnsOne<T> x) const
     {

@@ -90,12 +90,29 @@ template <class T>
 void ownsFftBuildComplex(OwnsFftPlan<T>& plan, int order, const OwnsFftLayout& layout, OwnsSines<T> sines,
                          OwnsFftCarver& carver)
 {
+    if (layout.twiddles == 0)
+        return;
     auto* pBitRev = carver.take<Zel32s>(layout.bitRev);
     auto* pTwiddles = carver.take<T>(layout.twiddles);
     plan.bitRev = pBitRev;
     plan.twiddles = pTwiddles;
     plan.workBytes = static_cast<Zel32s>(layout.work);
-    constexpr int line = sizeof(T) == 4 ? 3 : 2;
-    ownsFftBitRevTable(pBitRev, order - 3 - line, line);
-    ownsFftTwiddles(pTwiddles, order, sines);
+    if (order < OwnsFftTraits<T>::decomposed) {
+        constexpr int line = sizeof(T) == 4 ? 3 : 2;
+        ownsFftBitRevTable(pBitRev, order - 3 - line, line);
+        ownsFftTwiddles(pTwiddles, order, sines);
+        return;
+    }
+    const OwnsFftShape shape = ownsFftShape<T>(order);
+    constexpr int tile = 2 * OwnsFftTraits<T>::tileOrder;
+    ownsFftBitRevTable(pBitRev, order - tile, tile - 3);
+    ownsFftTwiddles(pTwiddles, shape.leaf, sines);
+    int done = order;
+    for (int level = 0; level < shape.levels; level++) {
+        T* pTable = carver.take<T>(layout.levels[level]);
+        const int inner = shape.levels - 1 - level;
+        ownsFftColumnTable(pTable, done, shape.columns[inner], shape.widthOrder[inner], sines);
+        plan.levelTwiddles[level] = pTable;
+        done -= shape.columns[inner];
+    }
 }

@@ -1,7 +1,7 @@
 // Complex transforms of interleaved values.
 #include "frame/entry.h"
+#include "transforms/fft/combine.h"
 #include "transforms/fft/complexRun.h"
-#include "transforms/fft/engine.h"
 #include "transforms/fft/init.h"
 #include "transforms/fft/straight.h"
 
@@ -13,6 +13,8 @@ void run(const T* pSrc, T* pDst, const OwnsFftPlan<T>& plan, int order, Zel8u* p
     const OwnsPairSource<T> src{pSrc};
     if (order <= ownsFftStraight)
         return ownsStraight<inverse, T>(order, src, OwnsPairSink<T, false, scaled>{pDst, plan.scale});
+    if (order >= OwnsFftTraits<T>::decomposed)
+        return ownsFftCombine<inverse, scaled>(pSrc, pDst, plan, order, ownsRounded64(pBuffer));
     const OwnsPairSink<T, inverse, scaled> sink{pDst, plan.scale};
     // The destination itself is the working array where the passes can run on it at full speed.
     const bool direct = pSrc != pDst && reinterpret_cast<std::uintptr_t>(pDst) % ownsVecBytes == 0;

@@ -55,38 +55,72 @@ inline void ownsMiddlePass(Work work, ZelSize quarter, ZelSize blocks, const T* 
         ownsPass<radixOrder>(work, quarter, work, quarter, twiddles, quarter);
 }
 
-/// The first pass: reads the source in bit-reversed order and does one butterfly of 8, or two of 4, without
-/// twiddles. The source is a matrix of 8 rows; `pIndex` lists the columns at which its steps begin. A step
-/// takes one line of columns from each row, so that every line of the source is used up while it is at hand,
-/// and leaves for each column eight consecutive values; those of different columns lie `leaf` values apart,
-/// in bit-reversed order of the columns.
+/// The butterflies of a first pass over 8 rows of pairs: one of 8 or two of 4, without twiddles. Each value
+/// of a pair belongs to a column of its own; store(v, b, x) receives group b of the 8 results of column v.
+/// The inverse transform goes on with real and imaginary parts exchanged, which makes it a forward one.
+template <int radixOrder, bool inverse, class T, class Store>
+[[gnu::always_inline]] inline void ownsFirstButterflies(OwnsPairs<T> (&x)[8 >> radixOrder][1 << radixOrder],
+                                                        Store store)
+{
+    constexpr int radix = 1 << radixOrder;
+    constexpr int values = OwnsPairs<T>::values;
+    OwnsPairs<T> y[8];
+    ownsEach<8 / radix>([&](auto b) {
+        ownsButterfly(x[b]);
+        ownsEach<radix>([&](auto k) { y[b * radix + k] = x[b][ownsOutput<inverse>(k, radix)]; });
+    });
+    ownsEach<8 / ownsLanes<T>>([&](auto b) {
+        OwnsSplit<T> block[values];
+        ownsTurned(y + b * ownsLanes<T>, block);
+        ownsEach<values>([&](auto v) { store(v, b, inverse ? ownsExchanged(block[v]) : block[v]); });
+    });
+}
+
+/// The first pass with the reordering. The source is a matrix of 8 rows; pIndex lists the columns at which
+/// the steps begin. A step takes one line of columns from each row, so that every line of the source is used
+/// up while it is at hand, and leaves for each column eight consecutive values; those of different columns
+/// lie leafGroups groups apart, in bit-reversed order of the columns.
 template <int radixOrder, bool inverse, class T, class Source>
 inline void ownsFirstPass(Source src, ZelSize rowStride, const Zel32s* pIndex, ZelSize steps,
                           OwnsBlocks<T> work, ZelSize leafGroups)
 {
     constexpr int radix = 1 << radixOrder;
     constexpr int values = OwnsPairs<T>::values;
-    constexpr int lanes = ownsLanes<T>;
-    for (ZelSize i = 0; i < steps; i++, work = work.from(8 / lanes)) {
+    for (ZelSize i = 0; i < steps; i++, work = work.from(8 / ownsLanes<T>)) {
         ownsEach<ownsFftLine<T> / values>([&](auto pair) {
-            constexpr int column = pair * values;
-            const ZelSize at = pIndex[i] + column;
+            const ZelSize at = pIndex[i] + pair * values;
             OwnsPairs<T> x[8 / radix][radix];
             ownsEach<8>(
                 [&](auto d) { x[d / radix][d % radix] = src.load(at + ownsReversed(d, 3) * rowStride); });
-            OwnsPairs<T> y[8];
-            ownsEach<8 / radix>([&](auto b) {
-                ownsButterfly(x[b]);
-                ownsEach<radix>([&](auto k) { y[b * radix + k] = x[b][ownsOutput<inverse>(k, radix)]; });
+            ownsFirstButterflies<radixOrder, inverse, T>(x, [&](auto v, auto b, OwnsSplit<T> group) {
+                constexpr int leaf = ownsReversed(pair * values + v, ownsFftLineOrder<T>);
+                work.store(leaf * leafGroups + b, group);
             });
-            ownsEach<8 / lanes>([&](auto b) {
-                OwnsSplit<T> block[values];
-                ownsTurned(y + b * lanes, block);
-                ownsEach<values>([&](auto v) {
-                    constexpr int leaf = ownsReversed(column + v, ownsFftLineOrder<T>);
-                    work.store(leaf * leafGroups + b, inverse ? ownsExchanged(block[v]) : block[v]);
-                });
+        });
+    }
+}
+
+/// The first pass over values that lie in bit-reversed order already: `blocks` blocks of eight.
+template <int radixOrder, bool inverse, class T, class Source, class Work>
+inline void ownsFirstPassInOrder(Source src, Work work, ZelSize blocks)
+{
+    constexpr int radix = 1 << radixOrder;
+    constexpr int values = OwnsPairs<T>::values;
+    for (ZelSize i = 0; i < blocks; i += values) {
+        OwnsPairs<T> x[8 / radix][radix];
+        if constexpr (values == 1) {
+            ownsEach<8>([&](auto d) { x[d / radix][d % radix] = src.load(8 * i + d); });
+        } else {
+            ownsEach<4>([&](auto k) {
+                constexpr int d = 2 * k;
+                const __m128 a = src.load(8 * i + d).v;
+                const __m128 b = src.load(8 * (i + 1) + d).v;
+                x[d / radix][d % radix].v = _mm_movelh_ps(a, b);
+                x[d / radix][d % radix + 1].v = _mm_movehl_ps(b, a);
             });
+        }
+        ownsFirstButterflies<radixOrder, inverse, T>(x, [&](auto v, auto b, OwnsSplit<T> group) {
+            work.store((i + v) * (8 / ownsLanes<T>)+b, group);
         });
     }
 }

@@ -85,6 +85,37 @@ struct OwnsFftTraits<Zel64f> {
     static constexpr Budget budget(int order) { return order < 19 ? Budget{6, 10} : Budget{8, 13}; }
 };
 
+/// How the transforms of the largest orders are taken apart: leaves of 2^leaf values, then the column
+/// transforms of one or two levels, the inner level first.
+struct OwnsFftShape {
+    int leaf;
+    int levels;
+    int columns[2];    ///< order of the column transforms of a level
+    int widthOrder[2]; ///< 2^widthOrder columns in a tile
+};
+
+/// How a transform of the largest orders is taken apart.
+template <class T>
+constexpr OwnsFftShape ownsFftShape(int order)
+{
+    constexpr bool single = sizeof(T) == 4;
+    // The work buffer holds a tile of this order.
+    const int tile = single ? 14 : order == 17 ? 11 : order == 18 ? 12 : 13;
+    const auto width = [=](int columns) { return tile - columns < 5 ? tile - columns : 5; };
+    OwnsFftShape shape{};
+    const int twoLevels = single ? 26 : 25;
+    if (order < twoLevels) {
+        const int columns = order < (single ? 18 : 19) ? 8 : order < 22 ? 9 : 10;
+        shape = {order - columns, 1, {columns, 0}, {width(columns), 0}};
+    } else {
+        const int leaf = order == 27 && !single ? 11 : order == 25 ? 11 : 12;
+        const int inner = (order - leaf + 1) / 2;
+        const int outer = order - leaf - inner;
+        shape = {leaf, 2, {inner, outer}, {width(inner), width(outer)}};
+    }
+    return shape;
+}
+
 /// Bytes of the parts of a plan, all multiples of 64.
 struct OwnsFftLayout {
     ZelSize bitRev = 0;

@@ -24,3 +24,13 @@ void ownsFftBitRevTable(Zel32s* pIndex, int bits, int shift);
 /// The twiddles of all passes after the first of a transform of this order.
 template <class T>
 void ownsFftTwiddles(T* pTwiddles, int order, OwnsSines<T> sines);
+
+/// The twiddles of the column passes that finish a transform of this order: see columns.h.
+template <class T>
+void ownsFftColumnTable(T* pTable, int order, int columns, int widthOrder, OwnsSines<T> sines);
+
+/// The recombination tables of a real plan of this order.
+template <class T>
+void ownsFftRecombFwd(T* pTable, int order, OwnsSines<T> sines);
+template <class T>
+void ownsFftRecombInv(T* pTable, int order, OwnsSines<T> sines);
