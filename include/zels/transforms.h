@@ -33,8 +33,8 @@ extern "C" {
  *      zelsFFTFwd_CToC_32fc(pSrc, pDst, pPlan, pBuffer);
  *
  *  Source and destination may be the same array, and then give the same bits as separate arrays; they must
- * not overlap otherwise. Errors grow with the root of the order: the relative error of a transform, in the
- * mean square, stays below `epsilon * (0.3 + 0.2 * sqrt(order))`. Infinities and NaN spread through the sums
+ * not overlap otherwise. The error
+ *  of a transform, in the mean square and relative to the result, stays below `epsilon * (0.6 + 0.06 * order)`. Infinities and NaN spread through the sums
  * by ordinary arithmetic.
  *
  *  Decimation in time after J. W. Cooley and J. W. Tukey, "An algorithm for the machine calculation of
