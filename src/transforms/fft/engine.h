@@ -33,6 +33,13 @@ void ownsFftMiddle(Work work, int done, int order, ZelSize count, const T* pTwid
     }
 }
 
+/// The last pass, of the eight parts that the whole array is by then.
+template <class T, class Sink>
+void ownsLastPass(OwnsBlocks<T> work, Sink sink, ZelSize eighth, const T* pTwiddles)
+{
+    ownsPass<3>(work, eighth, sink, eighth, OwnsTableTwiddles<T, 3>{pTwiddles}, eighth);
+}
+
 /// A transform of order 6 and more from `src` to `sink` by way of the working array, which may be the memory
 /// of the sink.
 template <bool inverse, class T, class Source, class Sink>
@@ -48,7 +55,5 @@ void ownsFftRun(Source src, Sink sink, OwnsBlocks<T> work, const OwnsFftPlan<T>&
     else
         ownsFirstPass<2, inverse>(src, length / 8, plan.bitRev, steps, work, leaf);
     ownsFftMiddle(work, first, order - 3, 8, plan.twiddles, order);
-    const ZelSize eighth = length / (8 * lanes);
-    const OwnsTableTwiddles<T, 3> last{plan.twiddles + OwnsFftPasses::offset(order, order - 3)};
-    ownsPass<3>(work, eighth, sink, eighth, last, eighth);
+    ownsLastPass(work, sink, length / (8 * lanes), plan.twiddles + OwnsFftPasses::offset(order, order - 3));
 }

@@ -40,9 +40,10 @@ template <int radixOrder, class In, class Out, class Twiddles>
     constexpr int radix = 1 << radixOrder;
     for (ZelSize g = 0; g < groups; g++) {
         decltype(in.load(0)) x[radix];
-        ownsEach<radix>([&](auto d) { x[d] = twiddles.template turn<d>(in.load(g + d * inStride), g); });
+        ownsEach<radix>([&](auto d)
+                            OWNS_INLINE { x[d] = twiddles.template turn<d>(in.load(g + d * inStride), g); });
         ownsButterfly(x);
-        ownsEach<radix>([&](auto k) { out.store(g + k * outStride, x[k]); });
+        ownsEach<radix>([&](auto k) OWNS_INLINE { out.store(g + k * outStride, x[k]); });
     }
 }
 
@@ -65,14 +66,15 @@ template <int radixOrder, bool inverse, class T, class Store>
     constexpr int radix = 1 << radixOrder;
     constexpr int values = OwnsPairs<T>::values;
     OwnsPairs<T> y[8];
-    ownsEach<8 / radix>([&](auto b) {
+    ownsEach<8 / radix>([&](auto b) OWNS_INLINE {
         ownsButterfly(x[b]);
-        ownsEach<radix>([&](auto k) { y[b * radix + k] = x[b][ownsOutput<inverse>(k, radix)]; });
+        ownsEach<radix>([&](auto k) OWNS_INLINE { y[b * radix + k] = x[b][ownsOutput<inverse>(k, radix)]; });
     });
-    ownsEach<8 / ownsLanes<T>>([&](auto b) {
+    ownsEach<8 / ownsLanes<T>>([&](auto b) OWNS_INLINE {
         OwnsSplit<T> block[values];
         ownsTurned(y + b * ownsLanes<T>, block);
-        ownsEach<values>([&](auto v) { store(v, b, inverse ? ownsExchanged(block[v]) : block[v]); });
+        ownsEach<values>([&](auto v)
+                             OWNS_INLINE { store(v, b, inverse ? ownsExchanged(block[v]) : block[v]); });
     });
 }
 
@@ -87,15 +89,17 @@ inline void ownsFirstPass(Source src, ZelSize rowStride, const Zel32s* pIndex, Z
     constexpr int radix = 1 << radixOrder;
     constexpr int values = OwnsPairs<T>::values;
     for (ZelSize i = 0; i < steps; i++, work = work.from(8 / ownsLanes<T>)) {
-        ownsEach<ownsFftLine<T> / values>([&](auto pair) {
+        ownsEach<ownsFftLine<T> / values>([&](auto pair) OWNS_INLINE {
             const ZelSize at = pIndex[i] + pair * values;
             OwnsPairs<T> x[8 / radix][radix];
-            ownsEach<8>(
-                [&](auto d) { x[d / radix][d % radix] = src.load(at + ownsReversed(d, 3) * rowStride); });
-            ownsFirstButterflies<radixOrder, inverse, T>(x, [&](auto v, auto b, OwnsSplit<T> group) {
-                constexpr int leaf = ownsReversed(pair * values + v, ownsFftLineOrder<T>);
-                work.store(leaf * leafGroups + b, group);
+            ownsEach<8>([&](auto d) OWNS_INLINE {
+                x[d / radix][d % radix] = src.load(at + ownsReversed(d, 3) * rowStride);
             });
+            ownsFirstButterflies<radixOrder, inverse, T>(
+                x, [&](auto v, auto b, OwnsSplit<T> group) OWNS_INLINE {
+                    constexpr int leaf = ownsReversed(pair * values + v, ownsFftLineOrder<T>);
+                    work.store(leaf * leafGroups + b, group);
+                });
         });
     }
 }
@@ -109,9 +113,9 @@ inline void ownsFirstPassInOrder(Source src, Work work, ZelSize blocks)
     for (ZelSize i = 0; i < blocks; i += values) {
         OwnsPairs<T> x[8 / radix][radix];
         if constexpr (values == 1) {
-            ownsEach<8>([&](auto d) { x[d / radix][d % radix] = src.load(8 * i + d); });
+            ownsEach<8>([&](auto d) OWNS_INLINE { x[d / radix][d % radix] = src.load(8 * i + d); });
         } else {
-            ownsEach<4>([&](auto k) {
+            ownsEach<4>([&](auto k) OWNS_INLINE {
                 constexpr int d = 2 * k;
                 const __m128 a = src.load(8 * i + d).v;
                 const __m128 b = src.load(8 * (i + 1) + d).v;
@@ -119,7 +123,7 @@ inline void ownsFirstPassInOrder(Source src, Work work, ZelSize blocks)
                 x[d / radix][d % radix + 1].v = _mm_movehl_ps(b, a);
             });
         }
-        ownsFirstButterflies<radixOrder, inverse, T>(x, [&](auto v, auto b, OwnsSplit<T> group) {
+        ownsFirstButterflies<radixOrder, inverse, T>(x, [&](auto v, auto b, OwnsSplit<T> group) OWNS_INLINE {
             work.store((i + v) * (8 / ownsLanes<T>)+b, group);
         });
     }

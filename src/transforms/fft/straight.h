@@ -38,28 +38,30 @@ template <int order, bool inverse, class T, class Source, class Sink>
     constexpr int values = OwnsPairs<T>::values;
     constexpr int groups = 4 / ownsLanes<T>;
     OwnsSplit<T> work[groups][columns];
-    ownsEach<columns / values>([&](auto pair) {
+    ownsEach<columns / values>([&](auto pair) OWNS_INLINE {
         OwnsPairs<T> x[4];
-        ownsEach<4>([&](auto d) { x[d] = src.load(ownsReversed(d, 2) * columns + pair * values); });
+        ownsEach<4>([&](auto d)
+                        OWNS_INLINE { x[d] = src.load(ownsReversed(d, 2) * columns + pair * values); });
         ownsButterfly(x);
         OwnsPairs<T> y[4];
-        ownsEach<4>([&](auto k) { y[k] = x[ownsOutput<inverse>(k, 4)]; });
-        ownsEach<groups>([&](auto g) {
+        ownsEach<4>([&](auto k) OWNS_INLINE { y[k] = x[ownsOutput<inverse>(k, 4)]; });
+        ownsEach<groups>([&](auto g) OWNS_INLINE {
             OwnsSplit<T> turned[values];
             ownsTurned(y + g * ownsLanes<T>, turned);
             ownsEach<values>(
-                [&](auto v) { work[g][ownsReversed(pair * values + v, order - 2)] = turned[v]; });
+                [&](auto v) OWNS_INLINE { work[g][ownsReversed(pair * values + v, order - 2)] = turned[v]; });
         });
     });
-    ownsEach<groups>([&](auto g) {
-        ownsEach<columns - 1>([&](auto k) {
+    ownsEach<groups>([&](auto g) OWNS_INLINE {
+        ownsEach<columns - 1>([&](auto k) OWNS_INLINE {
             constexpr int d = k + 1;
             constexpr int row = ownsReversed(d, order - 2);
             work[g][d] = work[g][d] * OwnsFourTwiddles<T, order, row, inverse>::group(g);
         });
         ownsButterfly(work[g]);
-        ownsEach<columns>(
-            [&](auto k) { sink.store(g + k * groups, work[g][ownsOutput<inverse>(k, columns)]); });
+        ownsEach<columns>([&](auto k) OWNS_INLINE {
+            sink.store(g + k * groups, work[g][ownsOutput<inverse>(k, columns)]);
+        });
     });
 }
 
@@ -82,7 +84,7 @@ template <bool inverse, class T, class Source, class Sink>
     } else {
         OwnsPairs<T> x[4] = {src.load(0), src.load(2), src.load(1), src.load(3)};
         ownsButterfly(x);
-        ownsEach<4>([&](auto k) { sink.storePairs(k, x[ownsOutput<inverse>(k, 4)]); });
+        ownsEach<4>([&](auto k) OWNS_INLINE { sink.storePairs(k, x[ownsOutput<inverse>(k, 4)]); });
     }
 }
 
