@@ -15,5 +15,6 @@
 #include "zels/math.h" /* IWYU pragma: export */
 
 #include "zels/stats.h" /* IWYU pragma: export */
+#include "zels/transforms.h" /* IWYU pragma: export */
 
 #endif

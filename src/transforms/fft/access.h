@@ -1,0 +1,158 @@
+// Where the passes read and write: callers' arrays in either form, and the working array.
+//
+// Callers' arrays have any alignment. Values in them are counted singly by the sources. The working array and
+// the destinations are counted in groups, the values of one OwnsSplit. The working array keeps each group as
+// a vector of real parts and a vector of imaginary parts: it is as large as an interleaved array, group for
+// group at the same place.
+#pragma once
+
+#include "transforms/fft/complexVec.h"
+
+template <class T>
+inline OwnsVec<T> ownsLoadAligned(const T* p)
+{
+    return *reinterpret_cast<const OwnsVec<T>*>(p);
+}
+
+/// One complex value.
+template <class T>
+struct OwnsOne {
+    T re, im;
+};
+
+/// Interleaved source.
+template <class T>
+struct OwnsPairSource {
+    const T* p;
+
+    OwnsPairSource from(ZelSize i) const { return {p + 2 * i}; }
+    OwnsOne<T> get(ZelSize i) const { return {ownsGet(p + 2 * i), ownsGet(p + 2 * i + 1)}; }
+    OwnsPairs<T> load(ZelSize i) const { return {ownsLoad(p + 2 * i)}; }
+};
+
+/// Source in two arrays.
+template <class T>
+struct OwnsSplitSource {
+    const T* re;
+    const T* im;
+
+    OwnsSplitSource from(ZelSize i) const { return {re + i, im + i}; }
+    OwnsOne<T> get(ZelSize i) const { return {ownsGet(re + i), ownsGet(im + i)}; }
+    OwnsPairs<T> load(ZelSize i) const
+    {
+        if constexpr (sizeof(T) == 4) {
+            const __m128i low = _mm_loadl_epi64(reinterpret_cast<const __m128i*>(re + i));
+            const __m128i high = _mm_loadl_epi64(reinterpret_cast<const __m128i*>(im + i));
+            return {ownsZipLow(ownsAs<T>(low), ownsAs<T>(high))};
+        } else {
+            return {OwnsVec<T>{ownsGet(re + i), ownsGet(im + i)}};
+        }
+    }
+};
+
+/// The working array, as source and destination of a pass.
+template <class T>
+struct OwnsBlocks {
+    static constexpr int step = 2 * ownsLanes<T>;
+    T* p;
+
+    OwnsBlocks from(ZelSize group) const { return {p + step * group}; }
+
+    OwnsSplit<T> load(ZelSize group) const
+    {
+        return {ownsLoad(p + step * group), ownsLoad(p + step * group + ownsLanes<T>)};
+    }
+    void store(ZelSize group, OwnsSplit<T> x) const
+    {
+        ownsStore(p + step * group, x.re);
+        ownsStore(p + step * group + ownsLanes<T>, x.im);
+    }
+};
+
+/// Two arrays as the working array.
+template <class T>
+struct OwnsSplitBlocks {
+    T* re;
+    T* im;
+
+    OwnsSplitBlocks from(ZelSize group) const
+    {
+        return {re + ownsLanes<T> * group, im + ownsLanes<T> * group};
+    }
+
+    OwnsSplit<T> load(ZelSize group) const
+    {
+        return {ownsLoad(re + ownsLanes<T> * group), ownsLoad(im + ownsLanes<T> * group)};
+    }
+    void store(ZelSize group, OwnsSplit<T> x) const
+    {
+        ownsStore(re + ownsLanes<T> * group, x.re);
+        ownsStore(im + ownsLanes<T> * group, x.im);
+    }
+};
+
+/// Interleaved destination of a last pass, which scales if it is told to. The inverse transform runs on
+/// values whose parts are exchanged, and exchanges them back here.
+template <class T, bool inverse, bool scaled>
+struct OwnsPairSink {
+    T* p;
+    T scale;
+
+    OwnsPairSink from(ZelSize group) const { return {p + 2 * ownsLanes<T> * group, scale}; }
+
+    void put(ZelSize i, OwnsOne<T> x) const
+    {
+        ownsPut(p + 2 * i, scaled ? x.re * scale : x.re);
+        ownsPut(p + 2 * i + 1, scaled ? x.im * scale : x.im);
+    }
+    void storePairs(ZelSize i, OwnsPairs<T> x) const { ownsStore(p + 2 * i, scaled ? (x * scale).v : x.v); }
+
+    void store(ZelSize group, OwnsSplit<T> x) const
+    {
+        if constexpr (scaled)
+            x = x * scale;
+        if constexpr (inverse)
+            x = ownsExchanged(x);
+        ownsStore(p + 2 * ownsLanes<T> * group, ownsZipLow(x.re, x.im));
+        ownsStore(p + 2 * ownsLanes<T> * group + ownsLanes<T>, ownsZipHigh(x.re, x.im));
+    }
+};
+
+/// Destination of a last pass in two arrays.
+template <class T, bool scaled>
+struct OwnsSplitSink {
+    T* re;
+    T* im;
+    T scale;
+
+    OwnsSplitSink from(ZelSize group) const
+    {
+        return {re + ownsLanes<T> * group, im + ownsLanes<T> * group, scale};
+    }
+
+    void put(ZelSize i, OwnsOne<T> x) const
+    {
+        ownsPut(re + i, scaled ? x.re * scale : x.re);
+        ownsPut(im + i, scaled ? x.im * scale : x.im);
+    }
+    void storePairs(ZelSize i, OwnsPairs<T> x) const
+    {
+        if constexpr (scaled)
+            x = x * scale;
+        if constexpr (sizeof(T) == 4) {
+            const __m128 parts = _mm_shuffle_ps(x.v, x.v, 0xD8);
+            _mm_storel_epi64(reinterpret_cast<__m128i*>(re + i), ownsInt(parts));
+            _mm_storel_epi64(reinterpret_cast<__m128i*>(im + i), _mm_srli_si128(ownsInt(parts), 8));
+        } else {
+            ownsPut(re + i, x.v[0]);
+            ownsPut(im + i, x.v[1]);
+        }
+    }
+    void store(ZelSize group, OwnsSplit<T> x) const
+    {
+        if constexpr (scaled)
+            x = x * scale;
+        ownsStore(re + ownsLanes<T> * group, x.re);
+        ownsStore(im + ownsLanes<T> * group, x.im);
+    }
+};

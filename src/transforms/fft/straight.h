@@ -1,0 +1,119 @@
+// Straight-line kernels of the orders 0 to 5: no tables, no work memory, every constant built in.
+//
+// A kernel reads all of its source before it writes, so that it may run in place. Orders 3 to 5 are one pass
+// of radix 4 over the columns of a matrix of four rows, and one butterfly across its results.
+#pragma once
+
+#include "transforms/fft/access.h"
+#include "transforms/fft/butterfly.h"
+#include "transforms/fft/sine.h"
+
+/// exp(-+2 pi i j d / 2^order) for j = 0, 1, 2, 3, as vectors: the twiddles of row d in the last butterfly.
+template <class T, int order, int d, bool inverse>
+struct OwnsFourTwiddles {
+    struct Lanes {
+        alignas(16) T re[4];
+        alignas(16) T im[4];
+    };
+    static constexpr Lanes lanes = [] {
+        Lanes w{};
+        for (int j = 0; j < 4; j++) {
+            w.re[j] = static_cast<T>(ownsExactCosine(j * d, order));
+            w.im[j] = static_cast<T>(ownsExactSine(inverse ? j * d : -j * d, order));
+        }
+        return w;
+    }();
+
+    static OwnsSplit<T> group(int g)
+    {
+        return {ownsLoadAligned(lanes.re + g * ownsLanes<T>), ownsLoadAligned(lanes.im + g * ownsLanes<T>)};
+    }
+};
+
+/// Orders 3, 4, 5.
+template <int order, bool inverse, class T, class Source, class Sink>
+[[gnu::always_inline]] inline void ownsStraightMatrix(Source src, Sink sink)
+{
+    constexpr int columns = 1 << (order - 2);
+    constexpr int values = OwnsPairs<T>::values;
+    constexpr int groups = 4 / ownsLanes<T>;
+    OwnsSplit<T> work[groups][columns];
+    ownsEach<columns / values>([&](auto pair) OWNS_INLINE {
+        OwnsPairs<T> x[4];
+        ownsEach<4>([&](auto d)
+                        OWNS_INLINE { x[d] = src.load(ownsReversed(d, 2) * columns + pair * values); });
+        ownsButterfly(x);
+        OwnsPairs<T> y[4];
+        ownsEach<4>([&](auto k) OWNS_INLINE { y[k] = x[ownsOutput<inverse>(k, 4)]; });
+        ownsEach<groups>([&](auto g) OWNS_INLINE {
+            OwnsSplit<T> turned[values];
+            ownsTurned(y + g * ownsLanes<T>, turned);
+            ownsEach<values>(
+                [&](auto v) OWNS_INLINE { work[g][ownsReversed(pair * values + v, order - 2)] = turned[v]; });
+        });
+    });
+    ownsEach<groups>([&](auto g) OWNS_INLINE {
+        ownsEach<columns - 1>([&](auto k) OWNS_INLINE {
+            constexpr int d = k + 1;
+            constexpr int row = ownsReversed(d, order - 2);
+            work[g][d] = work[g][d] * OwnsFourTwiddles<T, order, row, inverse>::group(g);
+        });
+        ownsButterfly(work[g]);
+        ownsEach<columns>([&](auto k) OWNS_INLINE {
+            sink.store(g + k * groups, work[g][ownsOutput<inverse>(k, columns)]);
+        });
+    });
+}
+
+/// Order 2, by pairs.
+template <bool inverse, class T, class Source, class Sink>
+[[gnu::always_inline]] inline void ownsStraightFour(Source src, Sink sink)
+{
+    if constexpr (sizeof(T) == 4) {
+        const OwnsPairs<T> a = src.load(0);
+        const OwnsPairs<T> b = src.load(2);
+        const __m128 sum = (a + b).v;
+        const __m128 diff = (a - b).v;
+        // The second of the odd values turns by a quarter: forward (im, -re), inverse (-im, re).
+        const __m128 sign =
+            inverse ? _mm_setr_ps(0.0f, 0.0f, -0.0f, 0.0f) : _mm_setr_ps(0.0f, 0.0f, 0.0f, -0.0f);
+        const OwnsPairs<T> even{_mm_movelh_ps(sum, diff)};
+        const OwnsPairs<T> odd{_mm_xor_ps(_mm_shuffle_ps(sum, diff, 0xBE), sign)};
+        sink.storePairs(0, even + odd);
+        sink.storePairs(2, even - odd);
+    } else {
+        OwnsPairs<T> x[4] = {src.load(0), src.load(2), src.load(1), src.load(3)};
+        ownsButterfly(x);
+        ownsEach<4>([&](auto k) OWNS_INLINE { sink.storePairs(k, x[ownsOutput<inverse>(k, 4)]); });
+    }
+}
+
+/// The kernel of an order, as a choice at run time.
+template <bool inverse, class T, class Source, class Sink>
+[[gnu::always_inline]] inline void ownsStraight(int order, Source src, Sink sink)
+{
+    switch (order) {
+    case 0:
+        sink.put(0, src.get(0));
+        break;
+    case 1: {
+        const OwnsOne<T> a = src.get(0);
+        const OwnsOne<T> b = src.get(1);
+        sink.put(0, {a.re + b.re, a.im + b.im});
+        sink.put(1, {a.re - b.re, a.im - b.im});
+        break;
+    }
+    case 2:
+        ownsStraightFour<inverse, T>(src, sink);
+        break;
+    case 3:
+        ownsStraightMatrix<3, inverse, T>(src, sink);
+        break;
+    case 4:
+        ownsStraightMatrix<4, inverse, T>(src, sink);
+        break;
+    default:
+        ownsStraightMatrix<5, inverse, T>(src, sink);
+        break;
+    }
+}
