@@ -15,6 +15,7 @@
 #include "zels/math.h" /* IWYU pragma: export */
 
 #include "zels/stats.h" /* IWYU pragma: export */
+
 #include "zels/transforms.h" /* IWYU pragma: export */
 
 #endif
