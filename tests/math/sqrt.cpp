@@ -177,7 +177,7 @@ TEST(Sqrt, everyLengthAndAlignment)
 }
 
 /// A minute: one real part in 61 with every imaginary one, where ties are and where the results are largest.
-TEST(ExhaustiveSqrt, complexArgumentsOf16Bits)
+TEST(Sqrt, ExhaustiveComplexArgumentsOf16Bits)
 {
     std::vector<Zel16sc> row(65536);
     for (int re = -32768; re <= 32767; re += 61) {
