@@ -60,7 +60,12 @@ struct ToNearestEven {
         const __m128i below = _mm_set1_epi32((2 << shift) - 1);
         return _mm_add_epi32(half, _mm_cmpeq_epi32(_mm_and_si128(x, below), half));
     }
-    static auto addend64(int shift) { return ownsNearestAddend64(shift); }
+    static auto addend64(int shift)
+    {
+        const __m128i half = _mm_set1_epi64x(Zel64s{1} << (shift - 1));
+        const __m128i below = _mm_set1_epi64x((Zel64s{2} << shift) - 1);
+        return [=](__m128i x) { return _mm_add_epi64(half, _mm_cmpeq_epi64(_mm_and_si128(x, below), half)); };
+    }
     static __int128 addend(Zel64s x, int shift)
     {
         const __int128 half = __int128{1} << (shift - 1);
@@ -146,6 +151,18 @@ struct Narrow16s8s {
     }
 };
 
+/// The floor of (x + addend(x)) / 2^shift of 64-bit lanes, saturated; 1 <= shift <= 31.
+template <class Addend>
+OwnsVec<Zel32s> floorRight(OwnsLanes64 x, int shift, Addend addend)
+{
+    const OwnsLanes64 sum{_mm_add_epi64(x.even, addend(x.even)), _mm_add_epi64(x.odd, addend(x.odd))};
+    const __m128i count = ownsCount(shift);
+    const OwnsLanes64 shifted{_mm_srl_epi64(sum.even, count), _mm_srl_epi64(sum.odd, count)};
+    const OwnsVec<Zel32s> high = sum.high();
+    const __m128i above = _mm_sra_epi32(ownsInt(high), ownsCount(shift - 1));
+    return ownsOrSaturated(shifted.low(), _mm_cmpeq_epi32(above, ownsNegative(high)), high);
+}
+
 /// 64s to 32s, in 64-bit lanes for shifts below a word. Farther shifts would need yet wider lanes, and go one
 /// element at a time.
 template <class Rounding>
@@ -168,7 +185,7 @@ struct Narrow64s32s {
     static V apply(OwnsShiftedRight path, X x)
     {
         const OwnsLanes64 room{bounded(ownsInt(x.v[0])), bounded(ownsInt(x.v[1]))};
-        return ownsFloorRight32(room, path.shift, Rounding::addend64(path.shift));
+        return floorRight(room, path.shift, Rounding::addend64(path.shift));
     }
     static V apply(OwnsShiftedWord, X x) { return apply(OwnsShiftedFar{0}, x); }
     static V apply(OwnsShiftedFar path, X x)

@@ -10,10 +10,10 @@ constexpr auto mulWidened8u = [](OwnsVec<Zel8u> a, OwnsVec<Zel8u> b) {
     return ownsAs<Zel16u>(_mm_mullo_epi16(_mm_cvtepu8_epi16(ownsInt(a)), _mm_cvtepu8_epi16(ownsInt(b))));
 };
 
-/// The low four of eight 16-bit elements multiplied, in 32-bit lanes: each is paired with a 0.
+/// The low four of eight 16-bit elements multiplied, in 32-bit lanes.
 OwnsVec<Zel32s> mulWidened16s(OwnsVec<Zel16s> a, OwnsVec<Zel16s> b)
 {
-    return ownsAs<Zel32s>(_mm_madd_epi16(_mm_cvtepu16_epi32(ownsInt(a)), _mm_cvtepu16_epi32(ownsInt(b))));
+    return ownsAs<Zel32s>(ownsHalvesOf(a, b).first());
 }
 
 /// a * b of 16s elements with a 32s result; at most 2^30, so that it has room to be rounded in.
@@ -110,14 +110,12 @@ ZelStatus zelsMul_8u_ISfs(const Zel8u* pSrc, Zel8u* pSrcDst, int len, int scaleF
 
 ZelStatus zelsMul_16s_Sfs(const Zel16s* pSrc1, const Zel16s* pSrc2, Zel16s* pDst, int len, int scaleFactor)
 {
-    return ownsRunScaled<limitsMul_16s, shape_16s, OwnsProduct16<Zel16s>>(scaleFactor, pDst, len, pSrc1,
-                                                                          pSrc2);
+    return ownsRunScaled<limitsMul_16s, shape_16s, OwnsProduct16s>(scaleFactor, pDst, len, pSrc1, pSrc2);
 }
 
 ZelStatus zelsMul_16s_ISfs(const Zel16s* pSrc, Zel16s* pSrcDst, int len, int scaleFactor)
 {
-    return ownsRunScaled<limitsMul_16s, shape_16s, OwnsProduct16<Zel16s>>(scaleFactor, pSrcDst, len, pSrcDst,
-                                                                          pSrc);
+    return ownsRunScaled<limitsMul_16s, shape_16s, OwnsProduct16s>(scaleFactor, pSrcDst, len, pSrcDst, pSrc);
 }
 
 ZelStatus zelsMul_16u_Sfs(const Zel16u* pSrc1, const Zel16u* pSrc2, Zel16u* pDst, int len, int scaleFactor)

@@ -16,6 +16,25 @@ bool isOne(T val)
         return val == 1;
 }
 
+/// The constant as a fraction of 15 bits that holds the division by 2^scaleFactor, or 0 where that does not fit.
+/// With it no product saturates.
+Zel16s asFraction(Zel16s val, int scaleFactor)
+{
+    if (scaleFactor < 1 || scaleFactor > 15)
+        return 0;
+    const int fraction = val * (1 << (15 - scaleFactor));
+    return fraction >= -INT16_MAX && fraction <= INT16_MAX ? static_cast<Zel16s>(fraction) : Zel16s{0};
+}
+
+void mulFraction(const Zel16s* pSrc, Zel16s val, Zel16s* pDst, int len, int scaleFactor, Zel16s fraction)
+{
+    const auto product = [=](OwnsVec<Zel16s> x) {
+        const __m128i rounded = _mm_mulhrs_epi16(ownsInt(x), _mm_set1_epi16(fraction));
+        return ownsWithoutEvenTies(rounded, ownsInt(x * val), scaleFactor);
+    };
+    ownsMap<shape_16s>(product, pDst, len, pSrc);
+}
+
 template <OwnsScaleLimits limits, OwnsShape shape, class Op, class T>
 [[gnu::always_inline]] inline ZelStatus runMulC(int scaleFactor, T* pDst, ZelSize len, const T* pSrc, T val)
 {
@@ -78,7 +97,12 @@ ZelStatus zelsMulC_8u_ISfs(Zel8u val, Zel8u* pSrcDst, int len, int scaleFactor)
 
 ZelStatus zelsMulC_16s_Sfs(const Zel16s* pSrc, Zel16s val, Zel16s* pDst, int len, int scaleFactor)
 {
-    return runMulC<limitsMul_16s, shape_16s, OwnsProduct16<Zel16s>>(scaleFactor, pDst, len, pSrc, val);
+    const ZelStatus status = ownsCheck(len, pSrc, pDst);
+    if (const Zel16s fraction = asFraction(val, scaleFactor); fraction != 0 && status == zelStatusOk) {
+        mulFraction(pSrc, val, pDst, len, scaleFactor, fraction);
+        return zelStatusOk;
+    }
+    return runMulC<limitsMul_16s, shape_16s, OwnsProduct16s>(scaleFactor, pDst, len, pSrc, val);
 }
 
 ZelStatus zelsMulC_16s_ISfs(Zel16s val, Zel16s* pSrcDst, int len, int scaleFactor)

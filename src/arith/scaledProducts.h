@@ -68,6 +68,15 @@ inline OwnsVec<T> ownsRoundedRight16(OwnsHalves16<T> x, int shift)
         return ownsAs<T>(_mm_packus_epi32(_mm_srl_epi32(first, count), _mm_srl_epi32(second, count)));
 }
 
+/// x where `low`, the low half of a product of which x is the high part rounded with ties upward, was no even
+/// tie; one less where it was.
+inline OwnsVec<Zel16s> ownsWithoutEvenTies(__m128i x, __m128i low, int shift)
+{
+    const __m128i below = _mm_set1_epi16(static_cast<short>((2u << shift) - 1));
+    const __m128i half = _mm_set1_epi16(static_cast<short>(1 << (shift - 1)));
+    return ownsAs<Zel16s>(_mm_add_epi16(x, _mm_cmpeq_epi16(_mm_and_si128(low, below), half)));
+}
+
 /// Divided by 2^16, rounded: up where the rest is over one half, or just one half above an odd quotient.
 template <class T>
 inline OwnsVec<T> ownsRoundedWord16(OwnsHalves16<T> x)
@@ -109,31 +118,35 @@ inline OwnsVec<Zel32s> ownsSaturated32(OwnsLanes64 x)
     return ownsOrSaturated(x.low(), _mm_cmpeq_epi32(ownsInt(x.high()), ownsNegative(x.low())), x.high());
 }
 
-/// The addend that makes a floor of a rounding to nearest with ties to even: one half, less one on even ties.
-inline auto ownsNearestAddend64(int shift)
+/// Divided by 2^shift, rounded, saturated; 1 <= shift <= 31. One half is added; what was an even tie then has
+/// the low bits 1 0...0 from bit `shift` on down, all in the low half, and the result loses one. It fits where
+/// what lies above it in the high half is all sign.
+inline OwnsVec<Zel32s> ownsRoundedRight32(OwnsLanes64 x, int shift)
 {
-    const __m128i below = _mm_set1_epi64x(static_cast<Zel64s>((Zel64u{2} << shift) - 1));
     const __m128i half = _mm_set1_epi64x(Zel64s{1} << (shift - 1));
-    return [=](__m128i x) { return _mm_add_epi64(_mm_cmpeq_epi64(_mm_and_si128(x, below), half), half); };
-}
-
-/// The floor of (x + addend(x)) / 2^shift, saturated; 1 <= shift <= 31. The result fits where what lies above
-/// it in the high half is all sign.
-template <class Addend>
-inline OwnsVec<Zel32s> ownsFloorRight32(OwnsLanes64 x, int shift, Addend addend)
-{
-    const OwnsLanes64 sum{_mm_add_epi64(x.even, addend(x.even)), _mm_add_epi64(x.odd, addend(x.odd))};
+    const OwnsLanes64 sum{_mm_add_epi64(x.even, half), _mm_add_epi64(x.odd, half)};
+    const __m128i below = _mm_set1_epi32(static_cast<int>((2u << shift) - 1));
+    const __m128i oddTie = _mm_set1_epi32(static_cast<int>(1u << shift));
+    const __m128i fromEven = _mm_cmpeq_epi32(_mm_and_si128(ownsInt(sum.low()), below), oddTie);
     const __m128i count = ownsCount(shift);
     const OwnsLanes64 shifted{_mm_srl_epi64(sum.even, count), _mm_srl_epi64(sum.odd, count)};
     const OwnsVec<Zel32s> high = sum.high();
     const __m128i above = _mm_sra_epi32(ownsInt(high), ownsCount(shift - 1));
-    return ownsOrSaturated(shifted.low(), _mm_cmpeq_epi32(above, ownsNegative(high)), high);
+    const OwnsVec<Zel32s> result = shifted.low() + ownsAs<Zel32s>(fromEven);
+    return ownsOrSaturated(result, _mm_cmpeq_epi32(above, ownsNegative(high)), high);
 }
 
-/// Divided by 2^shift, rounded, saturated; 1 <= shift <= 31.
-inline OwnsVec<Zel32s> ownsRoundedRight32(OwnsLanes64 x, int shift)
+/// The same by 31 of products of two elements: of these only 2^62, of the least element by itself, does not fit,
+/// and it alone comes out as the least result.
+inline OwnsVec<Zel32s> ownsRoundedFraction32(OwnsLanes64 x)
 {
-    return ownsFloorRight32(x, shift, ownsNearestAddend64(shift));
+    const __m128i half = _mm_set1_epi64x(Zel64s{1} << 30);
+    const OwnsLanes64 sum{_mm_add_epi64(x.even, half), _mm_add_epi64(x.odd, half)};
+    const OwnsVec<Zel32s> low = sum.low();
+    const OwnsVec<Zel32s> high = sum.high();
+    const OwnsVec<Zel32s> result =
+        high + high + ownsAs<Zel32s>(_mm_srli_epi32(ownsInt(low), 31)) + (low == INT32_MIN);
+    return result ^ (result == INT32_MIN);
 }
 
 /// Divided by 2^32, rounded, saturated.
@@ -226,12 +239,31 @@ struct OwnsProduct16 {
     template <class A, class B>
     static OwnsVec<T> apply(OwnsShiftedLeft path, A a, B b)
     {
-        return ownsShiftedLeft(ownsSaturated16(ownsHalvesOf(a, b)), path.shift);
+        const OwnsVec<T> x = ownsSaturated16(ownsHalvesOf(a, b));
+        if constexpr (std::is_signed_v<T>)
+            return ownsShiftedLeft(x, path.shift);
+        else // up to 16, which is one place too many
+            return ownsShiftedLeft(ownsAs<T>(_mm_adds_epu16(ownsInt(x), ownsInt(x))), path.shift - 1);
     }
     template <class A, class B>
     static OwnsVec<T> apply(OwnsBySign, A a, B b)
     {
         return ownsSaturatedBySign(ownsSignOfProduct(a, b));
+    }
+};
+
+/// a * b of 16s elements. Divided by 2^15 it is a rounding product, in which only the square of the least element
+/// does not fit, and it alone comes out as the least result.
+struct OwnsProduct16s : OwnsProduct16<Zel16s> {
+    using V = OwnsVec<Zel16s>;
+    using OwnsProduct16<Zel16s>::apply;
+    static constexpr int fraction = 15;
+
+    static V apply(OwnsShiftedFraction, V a, V b)
+    {
+        const __m128i rounded = _mm_mulhrs_epi16(ownsInt(a), ownsInt(b));
+        const V result = ownsWithoutEvenTies(rounded, _mm_mullo_epi16(ownsInt(a), ownsInt(b)), 15);
+        return result ^ (result == INT16_MIN);
     }
 };
 
@@ -279,6 +311,7 @@ struct OwnsProduct8u {
 struct OwnsProduct32s {
     using V = OwnsVec<Zel32s>;
     static constexpr int word = 32;
+    static constexpr int fraction = 31;
 
     static OwnsLanes64 exact(V a, V b) { return ownsProducts64(a, b); }
     static V apply(OwnsBySign, V a, V b) { return ownsSaturatedBySign(ownsSignOfProduct(a, b)); }
@@ -342,6 +375,11 @@ struct OwnsInLanes64 : Op {
     static V apply(OwnsShiftedRight path, S... s)
     {
         return ownsInOrder(ownsRoundedRight32(Op::exact(s...), path.shift));
+    }
+    template <class... S>
+    static V apply(OwnsShiftedFraction, S... s)
+    {
+        return ownsInOrder(ownsRoundedFraction32(Op::exact(s...)));
     }
     template <class... S>
     static V apply(OwnsShiftedWord, S... s)

@@ -2,9 +2,9 @@
 //
 // The exact value has one bit more than a lane. It is held as the floor of its half and the bit that was
 // lost, so that no lane has to be widened: the floor comes from an average or from the identities
-// a + b = 2 (a & b) + (a ^ b) and a - b = (a ^ b) - 2 (b & ~a), the lost bit is that of a ^ b. Where the
-// value is multiplied or saturated, the saturated sum serves: it is beyond the range only where the result
-// is.
+// a + b = 2 (a & b) + (a ^ b) and a - b = (a ^ b) - 2 (b & ~a), the lost bit is that of a ^ b. Unsigned sums
+// stay with the average, which is the ceiling. Where the value is multiplied or saturated, the saturated sum
+// serves: it is beyond the range only where the result is.
 #pragma once
 
 #include "frame/scaleVec.h"
@@ -20,7 +20,7 @@ inline OwnsVec<Zel32s> saturated32s(OwnsVec<Zel32s> wrapped, OwnsVec<Zel32s> ove
 
 } // namespace owns_detail
 
-/// a + b, saturated; and the floor of its half.
+/// a + b, saturated; and the floor of its half, or the ceiling.
 inline OwnsVec<Zel8u> ownsSumSaturated(OwnsVec<Zel8u> a, OwnsVec<Zel8u> b)
 {
     return ownsAs<Zel8u>(_mm_adds_epu8(ownsInt(a), ownsInt(b)));
@@ -39,13 +39,13 @@ inline OwnsVec<Zel32s> ownsSumSaturated(OwnsVec<Zel32s> a, OwnsVec<Zel32s> b)
     return owns_detail::saturated32s(sum, (sum ^ a) & (sum ^ b), a);
 }
 
-inline OwnsVec<Zel8u> ownsSumHalf(OwnsVec<Zel8u> a, OwnsVec<Zel8u> b)
+inline OwnsVec<Zel8u> ownsSumCeiling(OwnsVec<Zel8u> a, OwnsVec<Zel8u> b)
 {
-    return ownsAs<Zel8u>(_mm_avg_epu8(ownsInt(a), ownsInt(b))) - ((a ^ b) & 1);
+    return ownsAs<Zel8u>(_mm_avg_epu8(ownsInt(a), ownsInt(b)));
 }
-inline OwnsVec<Zel16u> ownsSumHalf(OwnsVec<Zel16u> a, OwnsVec<Zel16u> b)
+inline OwnsVec<Zel16u> ownsSumCeiling(OwnsVec<Zel16u> a, OwnsVec<Zel16u> b)
 {
-    return ownsAs<Zel16u>(_mm_avg_epu16(ownsInt(a), ownsInt(b))) - ((a ^ b) & 1);
+    return ownsAs<Zel16u>(_mm_avg_epu16(ownsInt(a), ownsInt(b)));
 }
 inline OwnsVec<Zel16s> ownsSumHalf(OwnsVec<Zel16s> a, OwnsVec<Zel16s> b)
 {
@@ -93,16 +93,42 @@ inline OwnsVec<Zel32s> ownsDifferenceHalf(OwnsVec<Zel32s> a, OwnsVec<Zel32s> b)
     return ((a ^ b) >> 1) - (b & ~a);
 }
 
+/// Half of a sum, rounded: the ceiling, or the even number below it.
+template <class T>
+inline OwnsVec<T> ownsSumHalved(OwnsVec<T> a, OwnsVec<T> b)
+{
+    if constexpr (std::is_unsigned_v<T>)
+        return ownsSumCeiling(a, b) & ~((a ^ b) & 1);
+    else
+        return ownsHalvedEven(ownsSumHalf(a, b), a ^ b);
+}
+
+/// Half of a sum over 2^shift, rounded; see ownsRoundedRight. The ceiling is one more than the floor where a bit
+/// was lost, so that it loses one there, or where it is an even tie.
+template <class T>
+inline OwnsVec<T> ownsSumRounded(OwnsVec<T> a, OwnsVec<T> b, int shift)
+{
+    if constexpr (std::is_unsigned_v<T>) {
+        const __m128i ceiling = ownsInt(ownsSumCeiling(a, b));
+        const __m128i one = ownsInt(ownsSplat<T>(1));
+        const __m128i quotient = ownsQuotient16(ceiling, sizeof(T) == 1 && shift >= 8 ? 0 : shift);
+        const __m128i less = _mm_andnot_si128(_mm_andnot_si128(ownsInt(a ^ b), quotient), one);
+        if constexpr (sizeof(T) == 1)
+            return ownsRoundedAverage(_mm_subs_epu8(ceiling, less), shift);
+        else
+            return ownsRoundedAverage16(_mm_subs_epu16(ceiling, less), shift);
+    } else {
+        return ownsRoundedRight(ownsSumHalf(a, b), a ^ b, shift);
+    }
+}
+
 /// a + b on vectors of T.
 template <class T>
 struct OwnsSum {
     using V = OwnsVec<T>;
     static V apply(OwnsUnscaled, V a, V b) { return ownsSumSaturated(a, b); }
-    static V apply(OwnsHalved, V a, V b) { return ownsHalvedEven(ownsSumHalf(a, b), a ^ b); }
-    static V apply(OwnsShiftedRight path, V a, V b)
-    {
-        return ownsRoundedRight(ownsSumHalf(a, b), a ^ b, path.shift - 1);
-    }
+    static V apply(OwnsHalved, V a, V b) { return ownsSumHalved<T>(a, b); }
+    static V apply(OwnsShiftedRight path, V a, V b) { return ownsSumRounded<T>(a, b, path.shift - 1); }
     static V apply(OwnsShiftedLeft path, V a, V b)
     {
         return ownsShiftedLeft(ownsSumSaturated(a, b), path.shift);

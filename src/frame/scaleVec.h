@@ -90,28 +90,41 @@ inline OwnsVec<Zel32s> ownsHalvedEven(OwnsVec<Zel32s> floor, OwnsVec<Zel32s> los
 /// for unsigned lanes.
 ///
 /// What is not an even tie, and so shall not lose one before it is rounded with ties upward, has a lost bit
-/// or an odd quotient. Where the subtraction saturates at the lower end nothing rounds differently. Unsigned
-/// lanes round by an average, which has room for the carry, signed 16-bit lanes by a rounding product.
+/// or an odd quotient. Where the subtraction saturates at the lower end nothing rounds differently. The parity
+/// of the quotient comes from a product, since a shift by a count in a register takes two steps on many
+/// processors. Unsigned lanes round by an average, which has room for the carry, signed 16-bit lanes by a
+/// rounding product.
+inline __m128i ownsQuotient16(__m128i x, int shift)
+{
+    return _mm_mulhi_epu16(x, _mm_set1_epi16(static_cast<short>(1 << (16 - shift))));
+}
+inline OwnsVec<Zel8u> ownsRoundedAverage(__m128i lessened, int shift)
+{
+    const __m128i bias = _mm_set1_epi8(static_cast<char>((1 << (shift - 1)) - 1));
+    const __m128i raised = _mm_srl_epi16(_mm_avg_epu8(lessened, bias), ownsCount(shift - 1));
+    return ownsAs<Zel8u>(_mm_and_si128(raised, _mm_set1_epi8(static_cast<char>(0xff >> (shift - 1)))));
+}
 inline OwnsVec<Zel8u> ownsRoundedRight(OwnsVec<Zel8u> floor, OwnsVec<Zel8u> lost, int shift)
 {
-    const __m128i quotient = _mm_srl_epi16(ownsInt(floor), ownsCount(shift < 8 ? shift : 16));
+    // From shift 8 on bit 0 of a lane would come from its neighbour; the quotient is 0 there.
+    const __m128i quotient = ownsQuotient16(ownsInt(floor), shift < 8 ? shift : 0);
     const __m128i less = _mm_andnot_si128(_mm_or_si128(quotient, ownsInt(lost)), _mm_set1_epi8(1));
-    const __m128i bias = _mm_set1_epi8(static_cast<char>((1 << (shift - 1)) - 1));
-    const __m128i raised = _mm_avg_epu8(_mm_subs_epu8(ownsInt(floor), less), bias);
-    return ownsAs<Zel8u>(_mm_and_si128(_mm_srl_epi16(raised, ownsCount(shift - 1)),
-                                       _mm_set1_epi8(static_cast<char>(0xff >> (shift - 1)))));
+    return ownsRoundedAverage(_mm_subs_epu8(ownsInt(floor), less), shift);
+}
+inline OwnsVec<Zel16u> ownsRoundedAverage16(__m128i lessened, int shift)
+{
+    const __m128i bias = _mm_set1_epi16(static_cast<short>((1 << (shift - 1)) - 1));
+    return ownsAs<Zel16u>(_mm_srl_epi16(_mm_avg_epu16(lessened, bias), ownsCount(shift - 1)));
 }
 inline OwnsVec<Zel16u> ownsRoundedRight(OwnsVec<Zel16u> floor, OwnsVec<Zel16u> lost, int shift)
 {
-    const __m128i quotient = _mm_srl_epi16(ownsInt(floor), ownsCount(shift));
+    const __m128i quotient = ownsQuotient16(ownsInt(floor), shift);
     const __m128i less = _mm_andnot_si128(_mm_or_si128(quotient, ownsInt(lost)), _mm_set1_epi16(1));
-    const __m128i bias = _mm_set1_epi16(static_cast<short>((1 << (shift - 1)) - 1));
-    const __m128i raised = _mm_avg_epu16(_mm_subs_epu16(ownsInt(floor), less), bias);
-    return ownsAs<Zel16u>(_mm_srl_epi16(raised, ownsCount(shift - 1)));
+    return ownsRoundedAverage16(_mm_subs_epu16(ownsInt(floor), less), shift);
 }
 inline OwnsVec<Zel16s> ownsRoundedRight(OwnsVec<Zel16s> floor, OwnsVec<Zel16s> lost, int shift)
 {
-    const __m128i quotient = _mm_srl_epi16(ownsInt(floor), ownsCount(shift));
+    const __m128i quotient = ownsQuotient16(ownsInt(floor), shift);
     const __m128i less = _mm_andnot_si128(_mm_or_si128(quotient, ownsInt(lost)), _mm_set1_epi16(1));
     const __m128i factor = _mm_set1_epi16(static_cast<short>(1 << (15 - shift)));
     return ownsAs<Zel16s>(_mm_mulhrs_epi16(_mm_subs_epi16(ownsInt(floor), less), factor));
@@ -133,35 +146,41 @@ inline OwnsVec<Zel32s> ownsOrSaturated(OwnsVec<Zel32s> exact, __m128i isRight, O
     return ownsAs<Zel32s>(_mm_blendv_epi8(limit, ownsInt(exact), isRight));
 }
 
-/// x * 2^shift, saturated; 1 <= shift < the bits of a lane, and up to all of them in 16u.
+/// x * 2^shift, saturated; 1 <= shift < the bits of a lane, in 16u lanes also 0.
+///
+/// Signed lanes are bounded to what fits, and one more at the upper end: that becomes the least value, and one
+/// less then the largest.
 inline OwnsVec<Zel8u> ownsShiftedLeft(OwnsVec<Zel8u> x, int shift)
 {
     const __m128i most = _mm_set1_epi8(static_cast<char>(0xff >> shift));
     const __m128i bounded = _mm_min_epu8(ownsInt(x), most);
     const __m128i fits = _mm_cmpeq_epi8(bounded, ownsInt(x));
-    return ownsAs<Zel8u>(
-        _mm_or_si128(_mm_sll_epi16(bounded, ownsCount(shift)), _mm_xor_si128(fits, _mm_set1_epi8(-1))));
+    return ownsAs<Zel8u>(_mm_or_si128(_mm_sll_epi16(bounded, ownsCount(shift)), ~fits));
 }
 inline OwnsVec<Zel16u> ownsShiftedLeft(OwnsVec<Zel16u> x, int shift)
 {
-    const __m128i beyond = _mm_srl_epi16(ownsInt(x), ownsCount(16 - shift));
-    const __m128i fits = _mm_cmpeq_epi16(beyond, _mm_setzero_si128());
-    return ownsAs<Zel16u>(_mm_or_si128(_mm_sll_epi16(ownsInt(x), ownsCount(shift)), ~fits));
+    const __m128i factor = _mm_set1_epi16(static_cast<short>(1 << shift));
+    const __m128i beyond = _mm_cmpgt_epi16(_mm_mulhi_epu16(ownsInt(x), factor), _mm_setzero_si128());
+    return ownsAs<Zel16u>(_mm_or_si128(_mm_mullo_epi16(ownsInt(x), factor), beyond));
 }
 inline OwnsVec<Zel16s> ownsShiftedLeft(OwnsVec<Zel16s> x, int shift)
 {
-    const __m128i low = _mm_unpacklo_epi16(_mm_setzero_si128(), ownsInt(x));
-    const __m128i high = _mm_unpackhi_epi16(_mm_setzero_si128(), ownsInt(x));
-    const __m128i back = ownsCount(16 - shift);
-    return ownsAs<Zel16s>(_mm_packs_epi32(_mm_sra_epi32(low, back), _mm_sra_epi32(high, back)));
+    const __m128i end = _mm_set1_epi16(static_cast<short>(1 << (15 - shift)));
+    const __m128i least = _mm_set1_epi16(static_cast<short>(-(1 << (15 - shift))));
+    const __m128i beyond =
+        _mm_cmpgt_epi16(ownsInt(x), _mm_set1_epi16(static_cast<short>((1 << (15 - shift)) - 1)));
+    const __m128i bounded = _mm_max_epi16(_mm_min_epi16(ownsInt(x), end), least);
+    const __m128i shifted = _mm_mullo_epi16(bounded, _mm_set1_epi16(static_cast<short>(1 << shift)));
+    return ownsAs<Zel16s>(_mm_add_epi16(shifted, beyond));
 }
 inline OwnsVec<Zel32s> ownsShiftedLeft(OwnsVec<Zel32s> x, int shift)
 {
-    const __m128i shifted = _mm_sll_epi32(ownsInt(x), ownsCount(shift));
-    const __m128i back = _mm_sra_epi32(shifted, ownsCount(shift));
-    return ownsOrSaturated(ownsAs<Zel32s>(shifted), _mm_cmpeq_epi32(back, ownsInt(x)), x);
+    const __m128i end = _mm_set1_epi32(1 << (31 - shift));
+    const __m128i least = _mm_set1_epi32(-(1 << (31 - shift)));
+    const __m128i beyond = _mm_cmpgt_epi32(ownsInt(x), _mm_set1_epi32((1 << (31 - shift)) - 1));
+    const __m128i bounded = _mm_max_epi32(_mm_min_epi32(ownsInt(x), end), least);
+    return ownsAs<Zel32s>(_mm_add_epi32(_mm_sll_epi32(bounded, ownsCount(shift)), beyond));
 }
-
 inline OwnsVec<Zel32u> ownsShiftedLeft(OwnsVec<Zel32u> x, int shift)
 {
     const __m128i beyond = _mm_srl_epi32(ownsInt(x), ownsCount(32 - shift));

@@ -9,9 +9,15 @@
 // vector. The kernels are functions of their own, so that the in-place form and the other forms of an
 // operation share them.
 
-/// A right shift by exactly one word, in operations whose exact value is two words: `word` tells them.
+// In operations whose exact value is two words, told by their constant `word`, right shifts are three paths:
+// below a word, OwnsShiftedRight; and these. Where such an operation has a constant `fraction` too, it has a path
+// of its own for that shift: the product of two fractions as a fraction.
+
+/// By `fraction`.
+struct OwnsShiftedFraction {};
+/// By exactly one word.
 struct OwnsShiftedWord {};
-/// A right shift by more than one word.
+/// By more than one word.
 struct OwnsShiftedFar {
     int shift; ///< beyond the word
 };
@@ -55,12 +61,20 @@ concept OfTwoWords = requires
 {
     Op::word;
 };
+template <class Op>
+concept OfFractions = requires
+{
+    Op::fraction;
+};
 
-/// Calls `kernel` with the path, a right shift of an operation on two words split in three.
+/// Calls `kernel` with the path, a right shift of an operation on two words split up.
 template <class Op, class Path, class Kernel>
 [[gnu::always_inline]] inline void withWord(Path path, Kernel kernel)
 {
     if constexpr (OfTwoWords<Op> && std::is_same_v<Path, OwnsShiftedRight>) {
+        if constexpr (OfFractions<Op>)
+            if (path.shift == Op::fraction)
+                return kernel(OwnsShiftedFraction{});
         if (path.shift == Op::word)
             return kernel(OwnsShiftedWord{});
         if (path.shift > Op::word)
