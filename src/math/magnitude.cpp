@@ -52,8 +52,8 @@ struct Magnitude16s {
     static V apply(Path path, S... s)
     {
         const OwnsSquares16 n = ownsSquares(s...);
-        return ownsAs<Zel16s>(_mm_packs_epi32(ownsInt(OwnsIntegerRoot<32768>::apply(path, n.first)),
-                                              ownsInt(OwnsIntegerRoot<32768>::apply(path, n.second))));
+        return ownsAs<Zel16s>(_mm_packs_epi32(ownsInt(OwnsIntegerRoot<32767>::apply(path, n.first)),
+                                              ownsInt(OwnsIntegerRoot<32767>::apply(path, n.second))));
     }
     template <class... S>
     static V apply(OwnsBySign, S... s)
