@@ -9,6 +9,7 @@
 #include "math/squares.h"
 #include "zels.h"
 
+#include <bit>
 #include <cfloat>
 
 namespace {
@@ -18,13 +19,18 @@ namespace {
 constexpr auto magnitude32 = [](auto... x) {
     const OwnsVec<Zel32f> s = ownsSumOfSquares(x...);
     OwnsVec<Zel32f> root = ownsRootStep(s, _mm_rsqrt_ps(s));
-    const __m128 small = _mm_cmplt_ps(s, _mm_set1_ps(FLT_MIN));
-    if (_mm_movemask_ps(small) != 0) [[unlikely]]
-        root = _mm_blendv_ps(root, _mm_sqrt_ps(s), small);
+    // As integers the bits of small sums are those below FLT_MIN; that of a negative NaN does no harm here.
+    const OwnsVec<Zel32s> fromNormal = ownsAs<Zel32s>(s) - std::bit_cast<Zel32s>(FLT_MIN);
+    if (_mm_movemask_ps(ownsFloat(fromNormal)) != 0) [[unlikely]]
+        root = _mm_blendv_ps(root, _mm_sqrt_ps(s), ownsFloat(fromNormal));
     return root;
 };
 
-constexpr auto magnitudeOf16 = [](auto... x) { return OwnsIntegerRoot::approximate(ownsSquares4(x...)); };
+/// Sums of integers are 0 or at least 1, and for 0 any finite estimate gives 0.
+constexpr auto magnitudeOf16 = [](auto... x) {
+    const OwnsVec<Zel32f> s = ownsUnsigned32f(ownsSquares4(x...));
+    return ownsRootStep(s, _mm_rsqrt_ps(_mm_max_ps(s, _mm_set1_ps(1))));
+};
 
 struct Magnitude64 {
     OwnsF64x2 operator()(OwnsF64x2 re, OwnsF64x2 im) const { return ownsHypot(re, im); }
@@ -46,8 +52,8 @@ struct Magnitude16s {
     static V apply(Path path, S... s)
     {
         const OwnsSquares16 n = ownsSquares(s...);
-        return ownsAs<Zel16s>(_mm_packs_epi32(ownsInt(OwnsIntegerRoot::apply(path, n.first)),
-                                              ownsInt(OwnsIntegerRoot::apply(path, n.second))));
+        return ownsAs<Zel16s>(_mm_packs_epi32(ownsInt(OwnsIntegerRoot<32767>::apply(path, n.first)),
+                                              ownsInt(OwnsIntegerRoot<32767>::apply(path, n.second))));
     }
     template <class... S>
     static V apply(OwnsBySign, S... s)

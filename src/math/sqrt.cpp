@@ -112,7 +112,9 @@ struct Root16s {
     template <class Path>
     static V apply(Path path, V x)
     {
-        const auto root = [&](__m128i n) { return ownsInt(OwnsIntegerRoot::apply(path, ownsAs<Zel32s>(n))); };
+        const auto root = [&](__m128i n) {
+            return ownsInt(OwnsSmallIntegerRoot<32767>::apply(path, ownsAs<Zel32s>(n)));
+        };
         const __m128i zero = _mm_setzero_si128();
         const __m128i n = _mm_max_epi16(ownsInt(x), zero);
         return ownsAs<Zel16s>(
@@ -131,7 +133,9 @@ struct Root16u {
     template <class Path>
     static V apply(Path path, V x)
     {
-        const auto root = [&](__m128i n) { return ownsInt(OwnsIntegerRoot::apply(path, ownsAs<Zel32s>(n))); };
+        const auto root = [&](__m128i n) {
+            return ownsInt(OwnsSmallIntegerRoot<65535>::apply(path, ownsAs<Zel32s>(n)));
+        };
         const __m128i zero = _mm_setzero_si128();
         return ownsAs<Zel16u>(_mm_packus_epi32(root(_mm_unpacklo_epi16(ownsInt(x), zero)),
                                                root(_mm_unpackhi_epi16(ownsInt(x), zero))));
@@ -160,8 +164,8 @@ struct Root32s16s {
     static OwnsVec<Zel16s> apply(Path path, V x)
     {
         const auto root = [&](OwnsVec<Zel32s> n) {
-            return ownsInt(
-                OwnsIntegerRoot::apply(path, ownsAs<Zel32s>(_mm_max_epi32(ownsInt(n), _mm_setzero_si128()))));
+            return ownsInt(OwnsIntegerRoot<32767>::apply(
+                path, ownsAs<Zel32s>(_mm_max_epi32(ownsInt(n), _mm_setzero_si128()))));
         };
         return ownsAs<Zel16s>(_mm_packs_epi32(root(x.v[0]), root(x.v[1])));
     }
