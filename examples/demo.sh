@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Mixes and draws recordings of spoken words, and tells where the results lie.
+# Mixes, measures and draws recordings of spoken words, and tells where the results lie.
 #
 #   examples/demo.sh BUILD_DIR [OUT_DIR]
 #
@@ -15,7 +15,7 @@ programs=$1/examples
 out=${2:-demo}
 sounds=${ZELS_DEMO_SOUNDS:-/usr/share/sounds/alsa}
 
-for program in zels-mix zels-spectrogram; do
+for program in zels-mix zels-stat zels-spectrogram; do
     if [[ ! -x $programs/$program ]]; then
         echo "$0: $programs/$program is not built: cmake --build $1 --target zels-examples" >&2
         exit 1
@@ -34,6 +34,9 @@ echo
 echo "== Seven voices, too loud: the samples that do not fit are counted, and red in the picture"
 "$programs/zels-mix" -o "$out/too-loud.wav" --plot "$out/too-loud.png" \
     "$sounds"/{Front_Left,Front_Right,Front_Center,Rear_Left,Rear_Right,Side_Left,Side_Right}.wav
+echo
+echo "== Their levels"
+"$programs/zels-stat" --plot "$out/levels.png" "$sounds"/{Front_Center,Side_Left,Noise}.wav
 echo
 echo "== What sounds when"
 "$programs/zels-spectrogram" -o "$out/spectrogram.png" --top 12000 "$sounds/Front_Center.wav"
