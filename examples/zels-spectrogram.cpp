@@ -127,12 +127,13 @@ void Spectrum::add(const Zel32f* samples, float* power)
 {
     ok(zelsMul_32f(samples, window_.get(), work_.get(), size_));
     ok(zelsFFTFwd_RToPerm_32f(work_.get(), spectrum_.get(), plan_, buffer_.get()));
-    // Perm: the two bins that are purely real come first, then pairs of real and imaginary parts.
-    const float* bin = spectrum_.get();
-    power[0] += bin[0] * bin[0] / 4;
-    power[size_ / 2] += bin[1] * bin[1] / 4;
-    for (int k = 1; k < size_ / 2; k++)
-        power[k] += bin[2 * k] * bin[2 * k] + bin[2 * k + 1] * bin[2 * k + 1];
+    // Perm: the lowest and the highest bin, purely real, share the place of the first complex number; they hold the
+    // whole of their frequency, the others half of it.
+    const float lowest = spectrum_[0] / 2, highest = spectrum_[1] / 2;
+    ok(zelsPowerSpectr_32fc(reinterpret_cast<const Zel32fc*>(spectrum_.get()), work_.get(), size_ / 2));
+    ok(zelsAdd_32f_I(work_.get() + 1, power + 1, size_ / 2 - 1));
+    power[0] += lowest * lowest;
+    power[size_ / 2] += highest * highest;
 }
 
 /// The powers on the pixels of the picture, column by column from the left, each from the lowest frequency up.
