@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Mixes recordings of spoken words and tells where the results lie.
+# Mixes, measures and draws recordings of spoken words, and tells where the results lie.
 #
 #   examples/demo.sh BUILD_DIR [OUT_DIR]
 #
@@ -15,10 +15,12 @@ programs=$1/examples
 out=${2:-demo}
 sounds=${ZELS_DEMO_SOUNDS:-/usr/share/sounds/alsa}
 
-if [[ ! -x $programs/zels-mix ]]; then
-    echo "$0: $programs/zels-mix is not built: cmake --build $1 --target zels-examples" >&2
-    exit 1
-fi
+for program in zels-mix zels-stat zels-spectrogram; do
+    if [[ ! -x $programs/$program ]]; then
+        echo "$0: $programs/$program is not built: cmake --build $1 --target zels-examples" >&2
+        exit 1
+    fi
+done
 if [[ ! -r $sounds/Front_Center.wav ]]; then
     echo "$0: no recordings in $sounds: install the package alsa-utils" >&2
     exit 1
@@ -32,6 +34,12 @@ echo
 echo "== Seven voices, too loud: the samples that do not fit are counted, and red in the picture"
 "$programs/zels-mix" -o "$out/too-loud.wav" --plot "$out/too-loud.png" \
     "$sounds"/{Front_Left,Front_Right,Front_Center,Rear_Left,Rear_Right,Side_Left,Side_Right}.wav
+echo
+echo "== Their levels"
+"$programs/zels-stat" --plot "$out/levels.png" "$sounds"/{Front_Center,Side_Left,Noise}.wav
+echo
+echo "== What sounds when"
+"$programs/zels-spectrogram" -o "$out/spectrogram.png" --top 12000 "$sounds/Front_Center.wav"
 echo
 echo "The results lie in $out:"
 ls -1 "$out"

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include "program.h"
+
 namespace support {
 
 double Column::rms() const
@@ -40,26 +42,22 @@ void Envelope::add(const Zel32f* samples, int frames)
 Column Envelope::measured(const Zel32f* samples, int frames)
 {
     const int count = frames * channels_;
-    float low = samples[0], high = samples[0];
-    double energy = 0;
-    long long clipped = 0;
-    for (int i = 0; i < count; i++) {
-        const float x = samples[i];
-        low = std::min(low, x);
-        high = std::max(high, x);
-        energy += static_cast<double>(x) * static_cast<double>(x);
-        // Rounding to nearest, ties to even, takes 32767.5 out of the range, and -32768.5 into it.
-        clipped += x >= 32767.5f || x < -32768.5f;
-    }
-    if (const float peak = std::max(high, -low); peak > peak_) {
-        int at = 0;
-        while (std::fabs(samples[at]) != peak)
-            at++;
+    Zel32f low = 0, high = 0, norm = 0, peak = 0;
+    int at = 0;
+    ok(zelsMinMax_32f(samples, count, &low, &high));
+    ok(zelsNorm_L2_32f(samples, count, &norm));
+    if (std::max(high, -low) > peak_) {
+        ok(zelsMaxAbsIndx_32f(samples, count, &peak, &at));
         peak_ = peak;
         peakFrame_ = done_ + at / channels_;
     }
-    constexpr double square = double{fullScale} * fullScale;
-    return {low / fullScale, high / fullScale, energy / square, count, clipped};
+    // Rounding to nearest, ties to even, takes 32767.5 out of the range of 16 bits, and -32768.5 into it.
+    const bool fits = high < 32767.5f && low >= -32768.5f;
+    const auto clipped = fits ? 0 : std::count_if(samples, samples + count, [](float x) {
+        return x >= 32767.5f || x < -32768.5f;
+    });
+    const double energy = double{norm} * norm / (double{fullScale} * fullScale);
+    return {low / fullScale, high / fullScale, energy, count, clipped};
 }
 
 } // namespace support

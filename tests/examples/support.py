@@ -2,6 +2,7 @@
 import array
 import os
 import pathlib
+import random
 import struct
 import subprocess
 import sys
@@ -117,6 +118,15 @@ class ProgramTest(unittest.TestCase):
         self.assertEqual(snapshot(), before, "files were left behind or changed")
         self.assertNotIn("Traceback", result.stderr)
         return result.stderr
+
+    def assert_memory_does_not_grow(self, *arguments):
+        """Runs on stereo recordings of 10 and of 100 MiB, which take the place of RECORDING among the arguments."""
+        megabyte = random.Random(3).randbytes(1 << 20)
+        for name, length in (("long.wav", 10), ("longer.wav", 100)):
+            write_wave(self.path(name), megabyte, channels=2, repeat=length)
+        used = [self.peak_memory(*(word.replace("RECORDING", name) for word in arguments))
+                for name in ("long.wav", "longer.wav")]
+        self.assertLess(used[1], used[0] + (4 << 20))
 
     def peak_memory(self, *arguments):
         """Runs well and returns the most memory that was resident, in bytes."""
