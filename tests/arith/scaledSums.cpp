@@ -16,6 +16,8 @@ struct Scaled {
             return scaled<T>(op(Wide{a}, Wide{b}), scaleFactor);
     }
 };
+template <class Op>
+Scaled(Op) -> Scaled<Op>;
 
 constexpr Scaled sum{[](Wide a, Wide b) { return a + b; }};
 constexpr Scaled difference{[](Wide a, Wide b) { return a - b; }};
