@@ -68,7 +68,7 @@ BENCH_PLAIN void sse(const T* a, const T* b, T* d, int n)
 }
 
 /// One row for each kind of factor.
-template <auto zels, auto op, class W, class D, class S>
+template <auto zels, auto op, class W, class D, class S, class WLeft = W>
 void factors(bench::Run& run, const std::string& name, int shift)
 {
     using P = const S*;
@@ -76,27 +76,31 @@ void factors(bench::Run& run, const std::string& name, int shift)
         const int s = factor < 0 ? -factor : factor;
         run.map(
             name + what, [=](P a, P b, D* d, int n) { zels(a, b, d, n, factor); },
-            bench::loop([=](P a, P b, D* d, int n) { plain<op, path, W, D, S>(a, b, d, n, s); }));
+            bench::loop([=](P a, P b, D* d, int n) {
+                plain<op, path, std::conditional_t<path == Path::left, WLeft, W>, D, S>(a, b, d, n, s);
+            }));
     };
     row(std::integral_constant<Path, Path::none>{}, 0, ", factor 0");
     row(std::integral_constant<Path, Path::right>{}, 1, ", factor 1");
     row(std::integral_constant<Path, Path::right>{}, shift, ", right shift");
     row(std::integral_constant<Path, Path::left>{}, -2, ", left shift");
 }
-template <auto zels, auto op, class W, class T>
+template <auto zels, auto op, class W, class T, class WLeft = W>
 void factorsC(bench::Run& run, const std::string& name, int shift)
 {
     const auto row = [&]<Path path>(std::integral_constant<Path, path>, int factor, const char* what) {
         const int s = factor < 0 ? -factor : factor;
         run.map(
             name + what, [=](const T* a, T val, T* d, int n) { zels(a, val, d, n, factor); },
-            bench::loop([=](const T* a, T val, T* d, int n) { plainC<op, path, W, T>(a, val, d, n, s); }));
+            bench::loop([=](const T* a, T val, T* d, int n) {
+                plainC<op, path, std::conditional_t<path == Path::left, WLeft, W>, T>(a, val, d, n, s);
+            }));
     };
     row(std::integral_constant<Path, Path::right>{}, 1, ", factor 1");
     row(std::integral_constant<Path, Path::right>{}, shift, ", right shift");
     row(std::integral_constant<Path, Path::left>{}, -2, ", left shift");
 }
-template <auto zels, class W, class C>
+template <auto zels, class W, class C, class WLeft = W>
 void factorsComplex(bench::Run& run, const std::string& name, int shift)
 {
     using P = const C*;
@@ -104,7 +108,9 @@ void factorsComplex(bench::Run& run, const std::string& name, int shift)
         const int s = factor < 0 ? -factor : factor;
         run.map(
             name + what, [=](P a, P b, C* d, int n) { zels(a, b, d, n, factor); },
-            bench::loop([=](P a, P b, C* d, int n) { plainComplex<path, W, C>(a, b, d, n, s); }));
+            bench::loop([=](P a, P b, C* d, int n) {
+                plainComplex<path, std::conditional_t<path == Path::left, WLeft, W>, C>(a, b, d, n, s);
+            }));
     };
     row(std::integral_constant<Path, Path::none>{}, 0, ", factor 0");
     row(std::integral_constant<Path, Path::right>{}, 1, ", factor 1");
@@ -139,15 +145,21 @@ const bench::Family sums("Scaled sums of integers", [](bench::Run& run) {
 
 const bench::Family products("Scaled products of integers", [](bench::Run& run) {
     factors<zelsMul_8u_Sfs, mul, int, Zel8u, Zel8u>(run, "zelsMul_8u_Sfs", 8);
-    factors<zelsMul_16s_Sfs, mul, int, Zel16s, Zel16s>(run, "zelsMul_16s_Sfs", 15);
+    factors<zelsMul_16s_Sfs, mul, int, Zel16s, Zel16s, Zel64s>(run, "zelsMul_16s_Sfs", 15);
     factors<zelsMul_16u_Sfs, mul, Zel64s, Zel16u, Zel16u>(run, "zelsMul_16u_Sfs", 16);
-    factors<zelsMul_16s32s_Sfs, mul, int, Zel32s, Zel16s>(run, "zelsMul_16s32s_Sfs", 4);
-    factors<zelsMul_32s_Sfs, mul, Zel64s, Zel32s, Zel32s>(run, "zelsMul_32s_Sfs", 31);
+    run.map(
+        "zelsMul_16s_Sfs, right shift by 10",
+        [](const Zel16s* a, const Zel16s* b, Zel16s* d, int n) { zelsMul_16s_Sfs(a, b, d, n, 10); },
+        bench::loop([](const Zel16s* a, const Zel16s* b, Zel16s* d, int n) {
+            plain<mul, Path::right, int, Zel16s, Zel16s>(a, b, d, n, 10);
+        }));
+    factors<zelsMul_16s32s_Sfs, mul, int, Zel32s, Zel16s, Zel64s>(run, "zelsMul_16s32s_Sfs", 4);
+    factors<zelsMul_32s_Sfs, mul, Zel64s, Zel32s, Zel32s, __int128>(run, "zelsMul_32s_Sfs", 31);
     factorsC<zelsMulC_8u_Sfs, mul, int, Zel8u>(run, "zelsMulC_8u_Sfs", 6);
-    factorsC<zelsMulC_16s_Sfs, mul, int, Zel16s>(run, "zelsMulC_16s_Sfs", 15);
-    factorsC<zelsMulC_32s_Sfs, mul, Zel64s, Zel32s>(run, "zelsMulC_32s_Sfs", 31);
+    factorsC<zelsMulC_16s_Sfs, mul, int, Zel16s, Zel64s>(run, "zelsMulC_16s_Sfs", 15);
+    factorsC<zelsMulC_32s_Sfs, mul, Zel64s, Zel32s, __int128>(run, "zelsMulC_32s_Sfs", 31);
     factorsComplex<zelsMul_16sc_Sfs, Zel64s, Zel16sc>(run, "zelsMul_16sc_Sfs", 15);
-    factorsComplex<zelsMul_32sc_Sfs, Zel64s, Zel32sc>(run, "zelsMul_32sc_Sfs", 31);
+    factorsComplex<zelsMul_32sc_Sfs, Zel64s, Zel32sc, __int128>(run, "zelsMul_32sc_Sfs", 31);
 });
 
 } // namespace

@@ -72,12 +72,12 @@ ZelStatus zelsAdd_8u_ISfs(const Zel8u* pSrc, Zel8u* pSrcDst, int len, int scaleF
 
 ZelStatus zelsAdd_16s_Sfs(const Zel16s* pSrc1, const Zel16s* pSrc2, Zel16s* pDst, int len, int scaleFactor)
 {
-    return ownsRunScaled<limitsAdd_16s, shape_16s, OwnsSum<Zel16s>>(scaleFactor, pDst, len, pSrc1, pSrc2);
+    return ownsRunScaled<limitsAdd_16s, shape_16s, OwnsSum16s>(scaleFactor, pDst, len, pSrc1, pSrc2);
 }
 
 ZelStatus zelsAdd_16s_ISfs(const Zel16s* pSrc, Zel16s* pSrcDst, int len, int scaleFactor)
 {
-    return ownsRunScaled<limitsAdd_16s, shape_16s, OwnsSum<Zel16s>>(scaleFactor, pSrcDst, len, pSrcDst, pSrc);
+    return ownsRunScaled<limitsAdd_16s, shape_16s, OwnsSum16s>(scaleFactor, pSrcDst, len, pSrcDst, pSrc);
 }
 
 ZelStatus zelsAdd_16u_Sfs(const Zel16u* pSrc1, const Zel16u* pSrc2, Zel16u* pDst, int len, int scaleFactor)
@@ -134,7 +134,7 @@ ZelStatus zelsAddC_8u_ISfs(Zel8u val, Zel8u* pSrcDst, int len, int scaleFactor)
 
 ZelStatus zelsAddC_16s_Sfs(const Zel16s* pSrc, Zel16s val, Zel16s* pDst, int len, int scaleFactor)
 {
-    return ownsRunSumC<limitsAdd_16s, shape_16s, OwnsSum<Zel16s>>(scaleFactor, pDst, len, pSrc, val);
+    return ownsRunSumC<limitsAdd_16s, shape_16s, OwnsSum16s>(scaleFactor, pDst, len, pSrc, val);
 }
 
 ZelStatus zelsAddC_16s_ISfs(Zel16s val, Zel16s* pSrcDst, int len, int scaleFactor)
@@ -154,7 +154,7 @@ ZelStatus zelsAddC_16u_ISfs(Zel16u val, Zel16u* pSrcDst, int len, int scaleFacto
 
 ZelStatus zelsAddC_16sc_Sfs(const Zel16sc* pSrc, Zel16sc val, Zel16sc* pDst, int len, int scaleFactor)
 {
-    return ownsRunSumC<limitsAdd_16s, shape_16sc, OwnsSum<Zel16s>>(scaleFactor, pDst, len, pSrc, val);
+    return ownsRunSumC<limitsAdd_16s, shape_16sc, OwnsSum16s>(scaleFactor, pDst, len, pSrc, val);
 }
 
 ZelStatus zelsAddC_16sc_ISfs(Zel16sc val, Zel16sc* pSrcDst, int len, int scaleFactor)

@@ -127,12 +127,13 @@ inline OwnsVec<Zel32s> ownsRoundedRight32(OwnsLanes64 x, int shift)
     const OwnsLanes64 sum{_mm_add_epi64(x.even, half), _mm_add_epi64(x.odd, half)};
     const __m128i below = _mm_set1_epi32(static_cast<int>((2u << shift) - 1));
     const __m128i oddTie = _mm_set1_epi32(static_cast<int>(1u << shift));
-    const __m128i fromEven = _mm_cmpeq_epi32(_mm_and_si128(ownsInt(sum.low()), below), oddTie);
-    const __m128i count = ownsCount(shift);
-    const OwnsLanes64 shifted{_mm_srl_epi64(sum.even, count), _mm_srl_epi64(sum.odd, count)};
+    const __m128i low = ownsInt(sum.low());
     const OwnsVec<Zel32s> high = sum.high();
+    const __m128i fromEven = _mm_cmpeq_epi32(_mm_and_si128(low, below), oddTie);
+    const __m128i shifted = _mm_or_si128(_mm_srl_epi32(low, ownsCount(shift)),
+                                         _mm_sll_epi32(ownsInt(high), ownsCount(32 - shift)));
     const __m128i above = _mm_sra_epi32(ownsInt(high), ownsCount(shift - 1));
-    const OwnsVec<Zel32s> result = shifted.low() + ownsAs<Zel32s>(fromEven);
+    const OwnsVec<Zel32s> result = ownsAs<Zel32s>(_mm_add_epi32(shifted, fromEven));
     return ownsOrSaturated(result, _mm_cmpeq_epi32(above, ownsNegative(high)), high);
 }
 
@@ -313,6 +314,7 @@ struct OwnsProduct32s {
     static constexpr int word = 32;
     static constexpr int fraction = 31;
 
+    static V roundedFraction(OwnsLanes64 x) { return ownsRoundedFraction32(x); }
     static OwnsLanes64 exact(V a, V b) { return ownsProducts64(a, b); }
     static V apply(OwnsBySign, V a, V b) { return ownsSaturatedBySign(ownsSignOfProduct(a, b)); }
 };
@@ -323,6 +325,9 @@ struct OwnsProduct32s {
 struct OwnsProduct32sc {
     using V = OwnsVec<Zel32s>;
     static constexpr int word = 32;
+    static constexpr int fraction = 31;
+
+    static V roundedFraction(OwnsLanes64 x) { return ownsRoundedRight32(x, fraction); }
 
     static OwnsLanes64 exact(V a, V b)
     {
@@ -379,7 +384,7 @@ struct OwnsInLanes64 : Op {
     template <class... S>
     static V apply(OwnsShiftedFraction, S... s)
     {
-        return ownsInOrder(ownsRoundedFraction32(Op::exact(s...)));
+        return ownsInOrder(Op::roundedFraction(Op::exact(s...)));
     }
     template <class... S>
     static V apply(OwnsShiftedWord, S... s)

@@ -4,6 +4,9 @@
 
 namespace {
 
+template <class T>
+using Difference = std::conditional_t<std::is_same_v<T, Zel16s>, OwnsDifference16s, OwnsDifference<T>>;
+
 /// SubCRev has no short cut but this one: an unsigned element taken from 0 gives 0 on every path.
 template <OwnsScaleLimits limits, OwnsShape shape, class T>
 [[gnu::always_inline]] inline ZelStatus runSubCRev(int scaleFactor, T* pDst, int len, const T* pSrc, T val)
@@ -16,8 +19,8 @@ template <OwnsScaleLimits limits, OwnsShape shape, class T>
             return zelStatusOk;
         }
     }
-    return ownsMapScaled<limits, shape, OwnsReversed<OwnsDifference<OwnsPart<T>>>>(scaleFactor, pDst, len,
-                                                                                   pSrc, val);
+    return ownsMapScaled<limits, shape, OwnsReversed<Difference<OwnsPart<T>>>>(scaleFactor, pDst, len, pSrc,
+                                                                               val);
 }
 
 } // namespace
@@ -50,14 +53,13 @@ ZelStatus zelsSub_8u_ISfs(const Zel8u* pSrc, Zel8u* pSrcDst, int len, int scaleF
 
 ZelStatus zelsSub_16s_Sfs(const Zel16s* pSrc1, const Zel16s* pSrc2, Zel16s* pDst, int len, int scaleFactor)
 {
-    return ownsRunScaled<limitsSub_16s, shape_16s, OwnsDifference<Zel16s>>(scaleFactor, pDst, len, pSrc2,
-                                                                           pSrc1);
+    return ownsRunScaled<limitsSub_16s, shape_16s, OwnsDifference16s>(scaleFactor, pDst, len, pSrc2, pSrc1);
 }
 
 ZelStatus zelsSub_16s_ISfs(const Zel16s* pSrc, Zel16s* pSrcDst, int len, int scaleFactor)
 {
-    return ownsRunScaled<limitsSub_16s, shape_16s, OwnsDifference<Zel16s>>(scaleFactor, pSrcDst, len, pSrcDst,
-                                                                           pSrc);
+    return ownsRunScaled<limitsSub_16s, shape_16s, OwnsDifference16s>(scaleFactor, pSrcDst, len, pSrcDst,
+                                                                      pSrc);
 }
 
 ZelStatus zelsSub_16u_Sfs(const Zel16u* pSrc1, const Zel16u* pSrc2, Zel16u* pDst, int len, int scaleFactor)
@@ -118,7 +120,7 @@ ZelStatus zelsSubC_8u_ISfs(Zel8u val, Zel8u* pSrcDst, int len, int scaleFactor)
 
 ZelStatus zelsSubC_16s_Sfs(const Zel16s* pSrc, Zel16s val, Zel16s* pDst, int len, int scaleFactor)
 {
-    return ownsRunSumC<limitsSub_16s, shape_16s, OwnsDifference<Zel16s>>(scaleFactor, pDst, len, pSrc, val);
+    return ownsRunSumC<limitsSub_16s, shape_16s, OwnsDifference16s>(scaleFactor, pDst, len, pSrc, val);
 }
 
 ZelStatus zelsSubC_16s_ISfs(Zel16s val, Zel16s* pSrcDst, int len, int scaleFactor)
@@ -138,7 +140,7 @@ ZelStatus zelsSubC_16u_ISfs(Zel16u val, Zel16u* pSrcDst, int len, int scaleFacto
 
 ZelStatus zelsSubC_16sc_Sfs(const Zel16sc* pSrc, Zel16sc val, Zel16sc* pDst, int len, int scaleFactor)
 {
-    return ownsRunSumC<limitsSub_16s, shape_16sc, OwnsDifference<Zel16s>>(scaleFactor, pDst, len, pSrc, val);
+    return ownsRunSumC<limitsSub_16s, shape_16sc, OwnsDifference16s>(scaleFactor, pDst, len, pSrc, val);
 }
 
 ZelStatus zelsSubC_16sc_ISfs(Zel16sc val, Zel16sc* pSrcDst, int len, int scaleFactor)

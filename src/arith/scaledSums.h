@@ -1,10 +1,10 @@
 // Sums and differences of integers on every path of the scale factor.
 //
 // The exact value has one bit more than a lane. It is held as the floor of its half and the bit that was
-// lost, so that no lane has to be widened: the floor comes from an average or from the identities
-// a + b = 2 (a & b) + (a ^ b) and a - b = (a ^ b) - 2 (b & ~a), the lost bit is that of a ^ b. Unsigned sums
-// stay with the average, which is the ceiling. Where the value is multiplied or saturated, the saturated sum
-// serves: it is beyond the range only where the result is.
+// lost, so that no lane has to be widened: the floor comes from the identities a + b = 2 (a & b) + (a ^ b) and
+// a - b = (a ^ b) - 2 (b & ~a), the lost bit is that of a ^ b. Unsigned sums have an instruction for the average,
+// which is the ceiling. Unsigned differences fit a lane, since a negative one gives 0 on every path. Where the
+// value is multiplied or saturated, the saturated one serves: it is beyond the range only where the result is.
 #pragma once
 
 #include "frame/scaleVec.h"
@@ -56,7 +56,7 @@ inline OwnsVec<Zel32s> ownsSumHalf(OwnsVec<Zel32s> a, OwnsVec<Zel32s> b)
     return (a & b) + ((a ^ b) >> 1);
 }
 
-/// a - b, saturated; and the floor of its half. Unsigned types take a negative difference for 0.
+/// a - b, saturated; and the floor of its half.
 inline OwnsVec<Zel8u> ownsDifferenceSaturated(OwnsVec<Zel8u> a, OwnsVec<Zel8u> b)
 {
     return ownsAs<Zel8u>(_mm_subs_epu8(ownsInt(a), ownsInt(b)));
@@ -75,15 +75,6 @@ inline OwnsVec<Zel32s> ownsDifferenceSaturated(OwnsVec<Zel32s> a, OwnsVec<Zel32s
     return owns_detail::saturated32s(difference, (difference ^ a) & (a ^ b), a);
 }
 
-inline OwnsVec<Zel8u> ownsDifferenceHalf(OwnsVec<Zel8u> a, OwnsVec<Zel8u> b)
-{
-    // The average of a and 255 - b is the floor of half the difference, and 128.
-    return ownsAs<Zel8u>(_mm_subs_epu8(_mm_avg_epu8(ownsInt(a), ownsInt(~b)), _mm_set1_epi8(-128)));
-}
-inline OwnsVec<Zel16u> ownsDifferenceHalf(OwnsVec<Zel16u> a, OwnsVec<Zel16u> b)
-{
-    return ownsAs<Zel16u>(_mm_subs_epu16(_mm_avg_epu16(ownsInt(a), ownsInt(~b)), _mm_set1_epi16(-32768)));
-}
 inline OwnsVec<Zel16s> ownsDifferenceHalf(OwnsVec<Zel16s> a, OwnsVec<Zel16s> b)
 {
     return ((a ^ b) >> 1) - (b & ~a);
@@ -141,16 +132,53 @@ template <class T>
 struct OwnsDifference {
     using V = OwnsVec<T>;
     static V apply(OwnsUnscaled, V a, V b) { return ownsDifferenceSaturated(a, b); }
-    static V apply(OwnsHalved, V a, V b) { return ownsHalvedEven(ownsDifferenceHalf(a, b), a ^ b); }
+    static V apply(OwnsHalved, V a, V b)
+    {
+        if constexpr (std::is_unsigned_v<T>)
+            return ownsSumHalved<T>(ownsDifferenceSaturated(a, b), V{});
+        else
+            return ownsHalvedEven(ownsDifferenceHalf(a, b), a ^ b);
+    }
     static V apply(OwnsShiftedRight path, V a, V b)
     {
-        return ownsRoundedRight(ownsDifferenceHalf(a, b), a ^ b, path.shift - 1);
+        if constexpr (std::is_unsigned_v<T>)
+            return ownsRoundedRight(ownsDifferenceSaturated(a, b), V{}, path.shift);
+        else
+            return ownsRoundedRight(ownsDifferenceHalf(a, b), a ^ b, path.shift - 1);
     }
     static V apply(OwnsShiftedLeft path, V a, V b)
     {
         return ownsShiftedLeft(ownsDifferenceSaturated(a, b), path.shift);
     }
     static V apply(OwnsBySign, V a, V b) { return ownsSaturatedBySign(ownsDifferenceSaturated(a, b)); }
+};
+
+/// The left shift of 16-bit sums: pairs of elements times 2^shift, and that or its negative.
+inline OwnsVec<Zel16s> ownsPairsShiftedLeft(OwnsVec<Zel16s> a, OwnsVec<Zel16s> b, int factorOfA,
+                                            int factorOfB)
+{
+    const __m128i factors = _mm_set1_epi32((factorOfA & 0xFFFF) | factorOfB * 65536);
+    return ownsAs<Zel16s>(
+        _mm_packs_epi32(_mm_madd_epi16(_mm_unpacklo_epi16(ownsInt(a), ownsInt(b)), factors),
+                        _mm_madd_epi16(_mm_unpackhi_epi16(ownsInt(a), ownsInt(b)), factors)));
+}
+
+/// The 16-bit signed forms. Left shifts by 15 saturate all but 0, as by sign.
+struct OwnsSum16s : OwnsSum<Zel16s> {
+    using OwnsSum<Zel16s>::apply;
+    static constexpr int mostLeft = 14;
+    static V apply(OwnsShiftedLeft path, V a, V b)
+    {
+        return ownsPairsShiftedLeft(a, b, 1 << path.shift, 1 << path.shift);
+    }
+};
+struct OwnsDifference16s : OwnsDifference<Zel16s> {
+    using OwnsDifference<Zel16s>::apply;
+    static constexpr int mostLeft = 14;
+    static V apply(OwnsShiftedLeft path, V a, V b)
+    {
+        return ownsPairsShiftedLeft(a, b, 1 << path.shift, -(1 << path.shift));
+    }
 };
 
 /// The entry of a sum or difference with a constant. Without a scale factor a constant of 0 makes it a copy,

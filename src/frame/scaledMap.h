@@ -5,13 +5,16 @@
 #include "frame/map.h"
 #include "frame/scaleFactor.h"
 
+#include <climits>
+
 // An operation has a static function `apply` for each path: apply(path, vectors...) gives the destination
 // vector. The kernels are functions of their own, so that the in-place form and the other forms of an
 // operation share them.
 
 // In operations whose exact value is two words, told by their constant `word`, right shifts are three paths:
 // below a word, OwnsShiftedRight; and these. Where such an operation has a constant `fraction` too, it has a path
-// of its own for that shift: the product of two fractions as a fraction.
+// of its own for that shift: the product of two fractions as a fraction. A constant `mostLeft` tells the
+// largest left shift that an operation knows; what is above saturates by sign.
 
 /// By `fraction`.
 struct OwnsShiftedFraction {};
@@ -32,9 +35,19 @@ inline bool ownsIsZero(T val)
         return val == 0;
 }
 
+template <class Op>
+inline constexpr int ownsMostLeft = INT_MAX;
+template <class Op>
+requires requires
+{
+    Op::mostLeft;
+}
+inline constexpr int ownsMostLeft<Op> = Op::mostLeft;
+
 /// The operation with its two operands exchanged.
 template <class Op>
 struct OwnsReversed {
+    static constexpr int mostLeft = ownsMostLeft<Op>;
     template <class Path, class V>
     static V apply(Path path, V a, V b)
     {
@@ -67,9 +80,9 @@ concept OfFractions = requires
     Op::fraction;
 };
 
-/// Calls `kernel` with the path, a right shift of an operation on two words split up.
+/// Calls `kernel` with the path, or one that it is split up into.
 template <class Op, class Path, class Kernel>
-[[gnu::always_inline]] inline void withWord(Path path, Kernel kernel)
+[[gnu::always_inline]] inline void withPath(Path path, Kernel kernel)
 {
     if constexpr (OfTwoWords<Op> && std::is_same_v<Path, OwnsShiftedRight>) {
         if constexpr (OfFractions<Op>)
@@ -80,6 +93,9 @@ template <class Op, class Path, class Kernel>
         if (path.shift > Op::word)
             return kernel(OwnsShiftedFar{path.shift - Op::word});
     }
+    if constexpr (ownsMostLeft<Op> != INT_MAX && std::is_same_v<Path, OwnsShiftedLeft>)
+        if (path.shift > ownsMostLeft<Op>)
+            return kernel(OwnsBySign{});
     kernel(path);
 }
 
@@ -94,7 +110,7 @@ template <OwnsScaleLimits limits, OwnsShape shape, class Op, class D, class... S
     const auto kernel = [=](auto path) { owns_detail::scaledKernel<shape, Op>(path, pDst, len, pSrc...); };
     ownsWithScaleFactor<limits>(
         scaleFactor, [=] { ownsZero(pDst, len); },
-        [=](auto path) { owns_detail::withWord<Op>(path, kernel); });
+        [=](auto path) { owns_detail::withPath<Op>(path, kernel); });
     return zelStatusOk;
 }
 
@@ -108,6 +124,6 @@ template <OwnsScaleLimits limits, OwnsShape shape, class Op, class T>
     };
     ownsWithScaleFactor<limits>(
         scaleFactor, [=] { ownsZero(pDst, len); },
-        [=](auto path) { owns_detail::withWord<Op>(path, kernel); });
+        [=](auto path) { owns_detail::withPath<Op>(path, kernel); });
     return zelStatusOk;
 }
