@@ -28,10 +28,10 @@ TEST(PowerSpectr, ofFloats)
 TEST(PowerSpectr, largestPowerDoesNotWrap)
 {
     const Zel16sc z[]{{-32768, -32768}, {0, 1}};
-    Zel32f power[2];
-    ASSERT_EQ(zelsPowerSpectr_16sc32f(z, power, 2), zelStatusOk);
-    EXPECT_EQ(power[0], 0x1p31f);
-    EXPECT_EQ(power[1], 1);
+    Zel32f found[2];
+    ASSERT_EQ(zelsPowerSpectr_16sc32f(z, found, 2), zelStatusOk);
+    EXPECT_EQ(found[0], 0x1p31f);
+    EXPECT_EQ(found[1], 1);
 }
 
 TEST(PowerSpectr, all16BitPartsByEveryFactor)
