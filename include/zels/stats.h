@@ -182,11 +182,11 @@ ZELS_API ZelStatus zelsSumLn_16s32f(const Zel16s* pSrc, int len, Zel32f* pLn);
 /** @} */
 
 /** @name Sliding window sum
- *  `pDst[n] = sum(pSrc[n .. n + maskSize - 1])`: the first window is summed in single precision, and every
+ *  `pDst[n] = pSrc[n] + ... + pSrc[n + maskSize - 1]`: the first window is summed in single precision, and every
  * further one is the one before plus the exact difference of the elements that enter and leave. Results are
  * exact as long as no window sum passes 2^24 in magnitude.
- *  @param pSrc source of `len + maskSize` elements; the value of the last does not matter
- *  @param pDst destination of `len` elements
+ *  @param pSrc source of len + maskSize elements; the value of the last does not matter
+ *  @param pDst destination of len elements
  *  @param len length of the destination
  *  @param maskSize length of the window
  *  @return #zelErrNullPtr for a null pointer, else #zelErrSize for a length below 1, else #zelErrMaskSize for
@@ -493,8 +493,8 @@ ZELS_API ZelStatus zelsMaxOrder_64f(const Zel64f* pSrc, int len, int* pOrder);
 /** @} */
 
 /** @name Pairwise maximum
- *  `pDst[n] = pSrc1[n] > pSrc2[n] ? pSrc1[n] : pSrc2[n]`; in place `pSrcDst[n] = pSrc[n] > pSrcDst[n] ?
- * pSrc[n] : pSrcDst[n]`. So a NaN in either gives the value of the second. The sources of zelsMaxEvery_64f_I
+ *  `pDst[n] = pSrc1[n] > pSrc2[n] ? pSrc1[n] : pSrc2[n]`; in place
+ *  `pSrcDst[n] = pSrc[n] > pSrcDst[n] ? pSrc[n] : pSrcDst[n]`. So a NaN in either gives the value of the second. The sources of zelsMaxEvery_64f_I
  * may overlap in any way: then elements are processed one by one in rising order.
  *  @param pSrc1 first source
  *  @param pSrc2 second source
@@ -518,8 +518,8 @@ ZELS_API ZelStatus zelsMaxEvery_64f_I(const Zel64f* pSrc, Zel64f* pSrcDst, Zel32
 /** @} */
 
 /** @name Pairwise minimum
- *  `pDst[n] = pSrc1[n] < pSrc2[n] ? pSrc1[n] : pSrc2[n]`; in place `pSrcDst[n] = pSrc[n] < pSrcDst[n] ?
- * pSrc[n] : pSrcDst[n]`. So a NaN in either gives the value of the second. The sources of zelsMinEvery_64f_I
+ *  `pDst[n] = pSrc1[n] < pSrc2[n] ? pSrc1[n] : pSrc2[n]`; in place
+ *  `pSrcDst[n] = pSrc[n] < pSrcDst[n] ? pSrc[n] : pSrcDst[n]`. So a NaN in either gives the value of the second. The sources of zelsMinEvery_64f_I
  * may overlap in any way: then elements are processed one by one in rising order.
  *  @param pSrc1 first source
  *  @param pSrc2 second source
