@@ -65,7 +65,7 @@ Zel64fc pairOf(OwnsF64x2 v)
 }
 
 /// Six running sums A0 A1 B0 B1 C0 C1, one for each place in a round of six.
-Zel32f dot_32f(const Zel32f* p1, const Zel32f* p2, ZelSize len)
+Zel32f dot32f(const Zel32f* p1, const Zel32f* p2, ZelSize len)
 {
     struct Six {
         OwnsF32x4 ab{};
@@ -85,7 +85,7 @@ Zel32f dot_32f(const Zel32f* p1, const Zel32f* p2, ZelSize len)
 /// Four running sums of re and four of im, one for each place in a round of four: lanes 0 and 1 in a[0], 2
 /// and 3 in a[1]. They fold as (l0 + l2) + (l1 + l3).
 template <class A>
-Zel32fc dot_32fc(const A* p1, const Zel32fc* p2, ZelSize len)
+Zel32fc dot32fc(const A* p1, const Zel32fc* p2, ZelSize len)
 {
     OwnsF32x4 a[2] = {};
     ZelSize i =
@@ -101,7 +101,7 @@ Zel32fc dot_32fc(const A* p1, const Zel32fc* p2, ZelSize len)
 }
 
 /// Four running sums, one for each place in a round of four.
-Zel64f dot_32f64f(const Zel32f* p1, const Zel32f* p2, ZelSize len)
+Zel64f dot32f64f(const Zel32f* p1, const Zel32f* p2, ZelSize len)
 {
     OwnsF64x2 a[2] = {};
     ZelSize i = ownsRounds<2>(a, 0, len, [=](OwnsF64x2& sums, ZelSize at) {
@@ -114,7 +114,7 @@ Zel64f dot_32f64f(const Zel32f* p1, const Zel32f* p2, ZelSize len)
 }
 
 /// Two running sums of re and two of im, in rounds of two.
-Zel64fc dot_32fc64fc(const Zel32fc* p1, const Zel32fc* p2, ZelSize len)
+Zel64fc dot32fc64fc(const Zel32fc* p1, const Zel32fc* p2, ZelSize len)
 {
     const auto add = [=](OwnsF64x2& sum, ZelSize at) { sum += product(p1 + at, p2 + at); };
     OwnsF64x2 a[2] = {};
@@ -125,7 +125,7 @@ Zel64fc dot_32fc64fc(const Zel32fc* p1, const Zel32fc* p2, ZelSize len)
 }
 
 /// Two (re, im) sums that take turns in rounds of four.
-Zel64fc dot_32f32fc64fc(const Zel32f* p1, const Zel32fc* p2, ZelSize len)
+Zel64fc dot32f32fc64fc(const Zel32f* p1, const Zel32fc* p2, ZelSize len)
 {
     const auto add = [=](OwnsF64x2& sum, ZelSize at) { sum += product(p1 + at, p2 + at); };
     struct Turns {
@@ -149,7 +149,7 @@ Zel64fc dot_32f32fc64fc(const Zel32f* p1, const Zel32fc* p2, ZelSize len)
 }
 
 /// One running sum, to which a group of eight goes as one value; the last products in descending order.
-Zel64f dot_64f(const Zel64f* p1, const Zel64f* p2, ZelSize len)
+Zel64f dot64f(const Zel64f* p1, const Zel64f* p2, ZelSize len)
 {
     const auto pair = [=](ZelSize at) { return ownsLoad(p1 + at) * ownsLoad(p2 + at); };
     Zel64f dot = 0;
@@ -163,7 +163,7 @@ Zel64f dot_64f(const Zel64f* p1, const Zel64f* p2, ZelSize len)
 
 /// The same for a complex second factor. A group has eight products of a real factor, four of a complex one.
 template <class A>
-Zel64fc dot_64fc(const A* p1, const Zel64fc* p2, ZelSize len)
+Zel64fc dot64fc(const A* p1, const Zel64fc* p2, ZelSize len)
 {
     const auto one = [=](ZelSize at) { return product(p1 + at, p2 + at); };
     OwnsF64x2 dot{};
@@ -188,19 +188,19 @@ Zel64fc dot_64fc(const A* p1, const Zel64fc* p2, ZelSize len)
 ZelStatus zelsDotProd_32f(const Zel32f* pSrc1, const Zel32f* pSrc2, int len, Zel32f* pDp)
 {
     return ownsReduce(
-        pDp, [=] { return dot_32f(pSrc1, pSrc2, len); }, len, pSrc1, pSrc2);
+        pDp, [=] { return dot32f(pSrc1, pSrc2, len); }, len, pSrc1, pSrc2);
 }
 
 ZelStatus zelsDotProd_32fc(const Zel32fc* pSrc1, const Zel32fc* pSrc2, int len, Zel32fc* pDp)
 {
     return ownsReduce(
-        pDp, [=] { return dot_32fc(pSrc1, pSrc2, len); }, len, pSrc1, pSrc2);
+        pDp, [=] { return dot32fc(pSrc1, pSrc2, len); }, len, pSrc1, pSrc2);
 }
 
 ZelStatus zelsDotProd_32f32fc(const Zel32f* pSrc1, const Zel32fc* pSrc2, int len, Zel32fc* pDp)
 {
     return ownsReduce(
-        pDp, [=] { return dot_32fc(pSrc1, pSrc2, len); }, len, pSrc1, pSrc2);
+        pDp, [=] { return dot32fc(pSrc1, pSrc2, len); }, len, pSrc1, pSrc2);
 }
 
 ZelStatus zelsDotProd_32f64f(const Zel32f* pSrc1, const Zel32f* pSrc2, int len, Zel64f* pDp)
@@ -211,7 +211,7 @@ ZelStatus zelsDotProd_32f64f(const Zel32f* pSrc1, const Zel32f* pSrc2, int len, 
 ZelStatus zelsDotProd_32f64f_L(const Zel32f* pSrc1, const Zel32f* pSrc2, ZelSize len, Zel64f* pDp)
 {
     return ownsReduce(
-        pDp, [=] { return dot_32f64f(pSrc1, pSrc2, len); }, len, pSrc1, pSrc2);
+        pDp, [=] { return dot32f64f(pSrc1, pSrc2, len); }, len, pSrc1, pSrc2);
 }
 
 ZelStatus zelsDotProd_32fc64fc(const Zel32fc* pSrc1, const Zel32fc* pSrc2, int len, Zel64fc* pDp)
@@ -222,7 +222,7 @@ ZelStatus zelsDotProd_32fc64fc(const Zel32fc* pSrc1, const Zel32fc* pSrc2, int l
 ZelStatus zelsDotProd_32fc64fc_L(const Zel32fc* pSrc1, const Zel32fc* pSrc2, ZelSize len, Zel64fc* pDp)
 {
     return ownsReduce(
-        pDp, [=] { return dot_32fc64fc(pSrc1, pSrc2, len); }, len, pSrc1, pSrc2);
+        pDp, [=] { return dot32fc64fc(pSrc1, pSrc2, len); }, len, pSrc1, pSrc2);
 }
 
 ZelStatus zelsDotProd_32f32fc64fc(const Zel32f* pSrc1, const Zel32fc* pSrc2, int len, Zel64fc* pDp)
@@ -233,7 +233,7 @@ ZelStatus zelsDotProd_32f32fc64fc(const Zel32f* pSrc1, const Zel32fc* pSrc2, int
 ZelStatus zelsDotProd_32f32fc64fc_L(const Zel32f* pSrc1, const Zel32fc* pSrc2, ZelSize len, Zel64fc* pDp)
 {
     return ownsReduce(
-        pDp, [=] { return dot_32f32fc64fc(pSrc1, pSrc2, len); }, len, pSrc1, pSrc2);
+        pDp, [=] { return dot32f32fc64fc(pSrc1, pSrc2, len); }, len, pSrc1, pSrc2);
 }
 
 ZelStatus zelsDotProd_64f(const Zel64f* pSrc1, const Zel64f* pSrc2, int len, Zel64f* pDp)
@@ -244,7 +244,7 @@ ZelStatus zelsDotProd_64f(const Zel64f* pSrc1, const Zel64f* pSrc2, int len, Zel
 ZelStatus zelsDotProd_64f_L(const Zel64f* pSrc1, const Zel64f* pSrc2, ZelSize len, Zel64f* pDp)
 {
     return ownsReduce(
-        pDp, [=] { return dot_64f(pSrc1, pSrc2, len); }, len, pSrc1, pSrc2);
+        pDp, [=] { return dot64f(pSrc1, pSrc2, len); }, len, pSrc1, pSrc2);
 }
 
 ZelStatus zelsDotProd_64fc(const Zel64fc* pSrc1, const Zel64fc* pSrc2, int len, Zel64fc* pDp)
@@ -255,7 +255,7 @@ ZelStatus zelsDotProd_64fc(const Zel64fc* pSrc1, const Zel64fc* pSrc2, int len, 
 ZelStatus zelsDotProd_64fc_L(const Zel64fc* pSrc1, const Zel64fc* pSrc2, ZelSize len, Zel64fc* pDp)
 {
     return ownsReduce(
-        pDp, [=] { return dot_64fc(pSrc1, pSrc2, len); }, len, pSrc1, pSrc2);
+        pDp, [=] { return dot64fc(pSrc1, pSrc2, len); }, len, pSrc1, pSrc2);
 }
 
 ZelStatus zelsDotProd_64f64fc(const Zel64f* pSrc1, const Zel64fc* pSrc2, int len, Zel64fc* pDp)
@@ -266,5 +266,5 @@ ZelStatus zelsDotProd_64f64fc(const Zel64f* pSrc1, const Zel64fc* pSrc2, int len
 ZelStatus zelsDotProd_64f64fc_L(const Zel64f* pSrc1, const Zel64fc* pSrc2, ZelSize len, Zel64fc* pDp)
 {
     return ownsReduce(
-        pDp, [=] { return dot_64fc(pSrc1, pSrc2, len); }, len, pSrc1, pSrc2);
+        pDp, [=] { return dot64fc(pSrc1, pSrc2, len); }, len, pSrc1, pSrc2);
 }

@@ -159,7 +159,7 @@ template <class T, class Lanes>
 template <class View, int k, bool aligned, class Single, class T>
 [[gnu::always_inline]] inline Single ownsFolded(Single single, const T* p, ZelSize len)
 {
-    constexpr int lanes = ownsLanes<T>;
+    constexpr ZelSize lanes = ownsLanes<T>;
     const auto take = [p](auto& r, ZelSize i) { r.take(View::of(ownsLoad(p + i))); };
     const auto takeOne = [p](Single& r, ZelSize i) { r.take(View::of(ownsGet(p + i))); };
 

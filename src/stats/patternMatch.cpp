@@ -28,7 +28,7 @@ unsigned distance(const Zel8u* a, const Zel8u* b, int size)
     unsigned sums[4] = {};
     int i = 0;
     for (; i + 32 <= size; i += 32)
-        for (int k = 0; k < 4; k++)
+        for (ZelSize k = 0; k < 4; k++)
             sums[k] += differing(word(a + i + 8 * k), word(b + i + 8 * k));
     for (; i + 8 <= size; i += 8)
         sums[0] += differing(word(a + i), word(b + i));
@@ -52,6 +52,8 @@ ZelStatus zelsPatternMatchGetBufferSize(int srcLen, int patternLen, int patternS
     return zelStatusOk;
 }
 
+// The buffer is the interface's; this method needs none.
+// NOLINTNEXTLINE(readability-non-const-parameter)
 ZelStatus zelsPatternMatch_8u16u(const Zel8u* pSrc, int srcStep, int srcLen, const Zel8u* pPattern,
                                  int patternStep, int patternLen, int patternSize, Zel16u* pDst,
                                  ZelHintAlgorithm hint, Zel8u* pBuffer)
