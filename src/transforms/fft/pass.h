@@ -39,11 +39,26 @@ template <int radixOrder, class In, class Out, class Twiddles>
 {
     constexpr int radix = 1 << radixOrder;
     for (ZelSize g = 0; g < groups; g++) {
-        decltype(in.load(0)) x[radix];
-        ownsEach<radix>([&](auto d)
-                            OWNS_INLINE { x[d] = twiddles.template turn<d>(in.load(g + d * inStride), g); });
-        ownsButterfly(x);
-        ownsEach<radix>([&](auto k) OWNS_INLINE { out.store(g + k * outStride, x[k]); });
+        const auto take = [&](auto d)
+                              OWNS_INLINE { return twiddles.template turn<d>(in.load(g + d * inStride), g); };
+        if constexpr (radix == 16) {
+            // More than the registers hold: by fours, so that what leaves them does so once.
+            decltype(in.load(0)) x[4][4];
+            ownsEach<4>([&](auto a) OWNS_INLINE {
+                ownsEach<4>([&](auto d)
+                                OWNS_INLINE { x[a][d] = take(std::integral_constant<int, 4 * a + d>{}); });
+                ownsButterfly(x[a]);
+            });
+            ownsEach<4>([&](auto k) OWNS_INLINE {
+                ownsButterflyAcross<k>(x);
+                ownsEach<4>([&](auto a) OWNS_INLINE { out.store(g + (4 * a + k) * outStride, x[a][k]); });
+            });
+        } else {
+            decltype(in.load(0)) x[radix];
+            ownsEach<radix>([&](auto d) OWNS_INLINE { x[d] = take(d); });
+            ownsButterfly(x);
+            ownsEach<radix>([&](auto k) OWNS_INLINE { out.store(g + k * outStride, x[k]); });
+        }
     }
 }
 
