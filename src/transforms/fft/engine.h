@@ -38,8 +38,13 @@ void ownsFftMiddle(Work work, int done, int order, ZelSize count, const T* pTwid
 template <int radixOrder, class T, class Sink>
 void ownsLastPass(OwnsBlocks<T> work, Sink sink, ZelSize length, const T* pTwiddles)
 {
+    const OwnsTableTwiddles<T, radixOrder> twiddles{pTwiddles};
     const ZelSize part = (length >> radixOrder) / ownsLanes<T>;
-    ownsPass<radixOrder>(work, part, sink, part, OwnsTableTwiddles<T, radixOrder>{pTwiddles}, part);
+    if (radixOrder == 4 && part == OwnsFirstQuarter<T>())
+        ownsPass<radixOrder>(work, OwnsFirstQuarter<T>(), sink, OwnsFirstQuarter<T>(), twiddles,
+                             OwnsFirstQuarter<T>());
+    else
+        ownsPass<radixOrder>(work, part, sink, part, twiddles, part);
 }
 
 /// A transform of order 6 and more from `src` to `sink` by way of the working array, which may be the memory of

@@ -32,10 +32,10 @@ struct OwnsTableTwiddles {
 };
 
 /// `groups` groups of butterflies. Input d stands d * inStride groups after input 0, output k k * outStride
-/// groups after output 0.
-template <int radixOrder, class In, class Out, class Twiddles>
-[[gnu::always_inline]] inline void ownsPass(In in, ZelSize inStride, Out out, ZelSize outStride,
-                                            Twiddles twiddles, ZelSize groups)
+/// groups after output 0. Strides and counts may be constants of the compiler.
+template <int radixOrder, class In, class Out, class Twiddles, class InStride, class OutStride, class Groups>
+[[gnu::always_inline]] inline void ownsPass(In in, InStride inStride, Out out, OutStride outStride,
+                                            Twiddles twiddles, Groups groups)
 {
     constexpr int radix = 1 << radixOrder;
     for (ZelSize g = 0; g < groups; g++) {
@@ -63,12 +63,26 @@ template <int radixOrder, class In, class Out, class Twiddles>
 }
 
 /// A pass in place over `blocks` blocks, each made of 2^radixOrder transforms of `quarter` groups.
+template <int radixOrder, class T, class Work, class Quarter>
+[[gnu::always_inline]] inline void ownsPassOverBlocks(Work work, Quarter quarter, ZelSize blocks,
+                                                      OwnsTableTwiddles<T, radixOrder> twiddles)
+{
+    for (ZelSize b = 0; b < blocks; b++, work = work.from(quarter << radixOrder))
+        ownsPass<radixOrder>(work, quarter, work, quarter, twiddles, quarter);
+}
+
+/// The groups that the first pass finishes, as a constant: in the pass behind it addresses and counts are known.
+template <class T>
+using OwnsFirstQuarter = std::integral_constant<ZelSize, 4 / ownsLanes<T>>;
+
 template <int radixOrder, class T, class Work>
 inline void ownsMiddlePass(Work work, ZelSize quarter, ZelSize blocks, const T* pTwiddles)
 {
     const OwnsTableTwiddles<T, radixOrder> twiddles{pTwiddles};
-    for (ZelSize b = 0; b < blocks; b++, work = work.from(quarter << radixOrder))
-        ownsPass<radixOrder>(work, quarter, work, quarter, twiddles, quarter);
+    if (quarter == OwnsFirstQuarter<T>())
+        ownsPassOverBlocks(work, OwnsFirstQuarter<T>(), blocks, twiddles);
+    else
+        ownsPassOverBlocks(work, quarter, blocks, twiddles);
 }
 
 /// The butterflies of a first pass over 8 rows of pairs: one of 8 or two of 4, without twiddles. Each value
