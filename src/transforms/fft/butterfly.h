@@ -1,4 +1,4 @@
-// Butterflies: Fourier transforms of 2, 4 and 8 values, which the passes are made of.
+// Butterflies: Fourier transforms of 2, 4, 8 and 16 values, which the passes are made of.
 //
 // They take their inputs in bit-reversed order and leave the outputs in natural order, in place, for the
 // forward direction. The inverse is the same with output k where the forward has r - k; see ownsOutput. An
@@ -6,6 +6,7 @@
 #pragma once
 
 #include "transforms/fft/complexVec.h"
+#include "transforms/fft/sine.h"
 
 inline constexpr long double ownsSqrtHalf = 0.707106781186547524400844362104849039L;
 
@@ -51,6 +52,48 @@ template <class T, template <class> class X>
     x[6] = ownsPlusI(even[2], odd[2]);
     x[3] = even[3] - odd[3];
     x[7] = even[3] + odd[3];
+}
+
+/// A constant of the circle: exp(-2 pi i k / 2^order).
+template <class T, int k, int order>
+inline OwnsSplit<T> ownsCircle()
+{
+    constexpr auto re = static_cast<T>(ownsExactCosine(k, order));
+    constexpr auto im = static_cast<T>(-ownsExactSine(k, order));
+    return {ownsSplat(re), ownsSplat(im)};
+}
+
+/// The second half of a transform of 16: four of 4 across, with their constant twiddles. x[a] is a finished
+/// transform of 4, of those in bit-reversed order; x[a][k] becomes output 4 a + k of the whole.
+template <int k, class T>
+[[gnu::always_inline]] inline void ownsButterflyAcross(OwnsSplit<T> (&x)[4][4])
+{
+    constexpr auto factor = static_cast<T>(ownsSqrtHalf);
+    const OwnsSplit<T> a = x[0][k];
+    OwnsSplit<T> b = x[1][k];
+    OwnsSplit<T> c = x[2][k];
+    OwnsSplit<T> d = x[3][k];
+    // Twiddles of index 2 k, k and 3 k. Turns by quarters and signs are left to the sums behind them.
+    if constexpr (k == 1) {
+        b = ownsMinusI(b, b) * factor;
+        c = c * ownsCircle<T, 1, 4>();
+        d = d * ownsCircle<T, 3, 4>();
+    } else if constexpr (k == 2) {
+        c = ownsMinusI(c, c) * factor;
+        d = ownsPlusI(d, d) * factor;
+    } else if constexpr (k == 3) {
+        b = ownsPlusI(b, b) * factor;
+        c = c * ownsCircle<T, 3, 4>();
+        d = d * ownsCircle<T, 1, 4>();
+    }
+    const OwnsSplit<T> evenSum = k == 2 ? ownsMinusI(a, b) : k == 3 ? a - b : a + b;
+    const OwnsSplit<T> evenDiff = k == 2 ? ownsPlusI(a, b) : k == 3 ? a + b : a - b;
+    const OwnsSplit<T> oddSum = k < 2 ? c + d : c - d;
+    const OwnsSplit<T> oddDiff = k < 2 ? c - d : c + d;
+    x[0][k] = evenSum + oddSum;
+    x[1][k] = ownsMinusI(evenDiff, oddDiff);
+    x[2][k] = evenSum - oddSum;
+    x[3][k] = ownsPlusI(evenDiff, oddDiff);
 }
 
 /// Where a forward butterfly of `radix` leaves output k of the given direction.

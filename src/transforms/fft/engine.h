@@ -14,46 +14,57 @@ template <class T, class Work>
 void ownsFftMiddle(Work work, int done, int order, ZelSize count, const T* pTwiddles, int whole)
 {
     constexpr int lanes = ownsLanes<T>;
-    if (order > ownsFftResident && order - 3 > done) {
-        const ZelSize part = (ZelSize{1} << (order - 3)) / lanes;
-        for (ZelSize i = 0; i < 8 * count; i++)
-            ownsFftMiddle(work.from(i * part), done, order - 3, 1, pTwiddles, whole);
-        done = order - 3;
+    const int parts = OwnsFftPasses::radixOrderBefore(whole, order);
+    if (order > ownsFftResident && order - parts > done) {
+        const ZelSize part = (ZelSize{1} << (order - parts)) / lanes;
+        for (ZelSize i = 0; i < count << parts; i++)
+            ownsFftMiddle(work.from(i * part), done, order - parts, 1, pTwiddles, whole);
+        done = order - parts;
     }
     while (done < order) {
         const T* table = pTwiddles + OwnsFftPasses::offset(whole, done);
         const ZelSize quarter = (ZelSize{1} << done) / lanes;
         const int radixOrder = OwnsFftPasses::radixOrder(whole, done);
         const ZelSize blocks = count << (order - done - radixOrder);
-        if (radixOrder == 2)
-            ownsMiddlePass<2>(work, quarter, blocks, table);
+        if (radixOrder == 4)
+            ownsMiddlePass<4>(work, quarter, blocks, table);
         else
             ownsMiddlePass<3>(work, quarter, blocks, table);
         done += radixOrder;
     }
 }
 
-/// The last pass, of the eight parts that the whole array is by then.
-template <class T, class Sink>
-void ownsLastPass(OwnsBlocks<T> work, Sink sink, ZelSize eighth, const T* pTwiddles)
+/// The last pass, of the 2^radixOrder parts that the whole array is by then.
+template <int radixOrder, class T, class Sink>
+void ownsLastPass(OwnsBlocks<T> work, Sink sink, ZelSize length, const T* pTwiddles)
 {
-    ownsPass<3>(work, eighth, sink, eighth, OwnsTableTwiddles<T, 3>{pTwiddles}, eighth);
+    const OwnsTableTwiddles<T, radixOrder> twiddles{pTwiddles};
+    const ZelSize part = (length >> radixOrder) / ownsLanes<T>;
+    if (radixOrder == 4 && part == OwnsFirstQuarter<T>())
+        ownsPass<radixOrder>(work, OwnsFirstQuarter<T>(), sink, OwnsFirstQuarter<T>(), twiddles,
+                             OwnsFirstQuarter<T>());
+    else
+        ownsPass<radixOrder>(work, part, sink, part, twiddles, part);
 }
 
-/// A transform of order 6 and more from `src` to `sink` by way of the working array, which may be the memory
-/// of the sink.
+/// A transform of order 6 and more from `src` to `sink` by way of the working array, which may be the memory of
+/// the sink.
 template <bool inverse, class T, class Source, class Sink>
 void ownsFftRun(Source src, Sink sink, OwnsBlocks<T> work, const OwnsFftPlan<T>& plan, int order)
 {
-    constexpr int lanes = ownsLanes<T>;
     const ZelSize length = ZelSize{1} << order;
     const ZelSize steps = length / (8 * ownsFftLine<T>);
-    const ZelSize leaf = length / (ownsFftLine<T> * lanes);
+    const ZelSize leaf = length / (ownsFftLine<T> * ownsLanes<T>);
     const int first = OwnsFftPasses::first(order);
     if (first == 3)
         ownsFirstPass<3, inverse>(src, length / 8, plan.bitRev, steps, work, leaf);
     else
         ownsFirstPass<2, inverse>(src, length / 8, plan.bitRev, steps, work, leaf);
-    ownsFftMiddle(work, first, order - 3, 8, plan.twiddles, order);
-    ownsLastPass(work, sink, length / (8 * lanes), plan.twiddles + OwnsFftPasses::offset(order, order - 3));
+    const int last = OwnsFftPasses::radixOrderBefore(order, order);
+    ownsFftMiddle(work, first, order - last, ZelSize{1} << last, plan.twiddles, order);
+    const T* pTwiddles = plan.twiddles + OwnsFftPasses::offset(order, order - last);
+    if (last == 4)
+        ownsLastPass<4>(work, sink, length, pTwiddles);
+    else
+        ownsLastPass<3>(work, sink, length, pTwiddles);
 }

@@ -32,28 +32,57 @@ struct OwnsTableTwiddles {
 };
 
 /// `groups` groups of butterflies. Input d stands d * inStride groups after input 0, output k k * outStride
-/// groups after output 0.
-template <int radixOrder, class In, class Out, class Twiddles>
-[[gnu::always_inline]] inline void ownsPass(In in, ZelSize inStride, Out out, ZelSize outStride,
-                                            Twiddles twiddles, ZelSize groups)
+/// groups after output 0. Strides and counts may be constants of the compiler.
+template <int radixOrder, class In, class Out, class Twiddles, class InStride, class OutStride, class Groups>
+[[gnu::always_inline]] inline void ownsPass(In in, InStride inStride, Out out, OutStride outStride,
+                                            Twiddles twiddles, Groups groups)
 {
     constexpr int radix = 1 << radixOrder;
     for (ZelSize g = 0; g < groups; g++) {
-        decltype(in.load(0)) x[radix];
-        ownsEach<radix>([&](auto d)
-                            OWNS_INLINE { x[d] = twiddles.template turn<d>(in.load(g + d * inStride), g); });
-        ownsButterfly(x);
-        ownsEach<radix>([&](auto k) OWNS_INLINE { out.store(g + k * outStride, x[k]); });
+        const auto take = [&](auto d)
+                              OWNS_INLINE { return twiddles.template turn<d>(in.load(g + d * inStride), g); };
+        if constexpr (radix == 16) {
+            // More than the registers hold: by fours, so that what leaves them does so once.
+            decltype(in.load(0)) x[4][4];
+            ownsEach<4>([&](auto a) OWNS_INLINE {
+                ownsEach<4>([&](auto d)
+                                OWNS_INLINE { x[a][d] = take(std::integral_constant<int, 4 * a + d>{}); });
+                ownsButterfly(x[a]);
+            });
+            ownsEach<4>([&](auto k) OWNS_INLINE {
+                ownsButterflyAcross<k>(x);
+                ownsEach<4>([&](auto a) OWNS_INLINE { out.store(g + (4 * a + k) * outStride, x[a][k]); });
+            });
+        } else {
+            decltype(in.load(0)) x[radix];
+            ownsEach<radix>([&](auto d) OWNS_INLINE { x[d] = take(d); });
+            ownsButterfly(x);
+            ownsEach<radix>([&](auto k) OWNS_INLINE { out.store(g + k * outStride, x[k]); });
+        }
     }
 }
 
 /// A pass in place over `blocks` blocks, each made of 2^radixOrder transforms of `quarter` groups.
+template <int radixOrder, class T, class Work, class Quarter>
+[[gnu::always_inline]] inline void ownsPassOverBlocks(Work work, Quarter quarter, ZelSize blocks,
+                                                      OwnsTableTwiddles<T, radixOrder> twiddles)
+{
+    for (ZelSize b = 0; b < blocks; b++, work = work.from(quarter << radixOrder))
+        ownsPass<radixOrder>(work, quarter, work, quarter, twiddles, quarter);
+}
+
+/// The groups that the first pass finishes, as a constant: in the pass behind it addresses and counts are known.
+template <class T>
+using OwnsFirstQuarter = std::integral_constant<ZelSize, 4 / ownsLanes<T>>;
+
 template <int radixOrder, class T, class Work>
 inline void ownsMiddlePass(Work work, ZelSize quarter, ZelSize blocks, const T* pTwiddles)
 {
     const OwnsTableTwiddles<T, radixOrder> twiddles{pTwiddles};
-    for (ZelSize b = 0; b < blocks; b++, work = work.from(quarter << radixOrder))
-        ownsPass<radixOrder>(work, quarter, work, quarter, twiddles, quarter);
+    if (quarter == OwnsFirstQuarter<T>())
+        ownsPassOverBlocks(work, OwnsFirstQuarter<T>(), blocks, twiddles);
+    else
+        ownsPassOverBlocks(work, quarter, blocks, twiddles);
 }
 
 /// The butterflies of a first pass over 8 rows of pairs: one of 8 or two of 4, without twiddles. Each value
