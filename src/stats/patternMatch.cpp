@@ -52,11 +52,9 @@ ZelStatus zelsPatternMatchGetBufferSize(int srcLen, int patternLen, int patternS
     return zelStatusOk;
 }
 
-// The buffer is the interface's; this method needs none.
-// NOLINTNEXTLINE(readability-non-const-parameter)
 ZelStatus zelsPatternMatch_8u16u(const Zel8u* pSrc, int srcStep, int srcLen, const Zel8u* pPattern,
                                  int patternStep, int patternLen, int patternSize, Zel16u* pDst,
-                                 ZelHintAlgorithm hint, Zel8u* pBuffer)
+                                 ZelHintAlgorithm hint, Zel8u* pBuffer) // NOLINT: the interface has it
 {
     if (!pSrc || !pPattern || !pDst || !pBuffer)
         return zelErrNullPtr;

@@ -53,7 +53,7 @@ template <bool inverse, class T, class Source, class Sink>
 void ownsFftRun(Source src, Sink sink, OwnsBlocks<T> work, const OwnsFftPlan<T>& plan, int order)
 {
     const ZelSize length = ZelSize{1} << order;
-    const ZelSize steps = length / (8 * ownsFftLine<T>);
+    const ZelSize steps = length / (ZelSize{8} * ownsFftLine<T>);
     const ZelSize leaf = length / (ownsFftLine<T> * ownsLanes<T>);
     const int first = OwnsFftPasses::first(order);
     if (first == 3)

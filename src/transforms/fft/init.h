@@ -9,7 +9,7 @@
 /// An address rounded up to 64 bytes.
 inline Zel8u* ownsRounded64(Zel8u* p)
 {
-    return reinterpret_cast<Zel8u*>((reinterpret_cast<std::uintptr_t>(p) + 63) & ~std::uintptr_t{63});
+    return p + (-reinterpret_cast<std::uintptr_t>(p) & 63);
 }
 
 inline bool ownsFftFlagGood(int flag)
