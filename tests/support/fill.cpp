@@ -148,10 +148,16 @@ void fillAs(Random& random, Fill how, const Values& values, T* p, std::size_t n)
         break;
     }
     }
-    if (values.only)
+    if (values.only) {
+        // What of the range the type holds; 2^63 and 2^64 are not among it.
+        const double low = std::max(values.low, static_cast<double>(std::numeric_limits<T>::lowest()));
+        double high = std::min(values.high, static_cast<double>(std::numeric_limits<T>::max()));
+        if (std::is_integral_v<T> && high >= 0x1p62)
+            high = std::nextafter(high, 0.0);
         for (std::size_t i = 0; i < n; i++)
-            if (!(static_cast<double>(p[i]) >= values.low && static_cast<double>(p[i]) <= values.high))
-                p[i] = static_cast<T>(random.uniform(values.low, values.high));
+            if (!(static_cast<double>(p[i]) >= low && static_cast<double>(p[i]) <= high))
+                p[i] = static_cast<T>(random.uniform(low, high));
+    }
 }
 
 } // namespace
