@@ -91,7 +91,7 @@ template <int bytes, int tileOrder>
 void ownsTileReverse(const Zel8u* pSrc, Zel8u* pDst, int order, const Zel32s* pIndex, Zel8u* pWork)
 {
     constexpr int side = 1 << tileOrder;
-    constexpr ZelSize rowBytes = side * bytes;
+    constexpr ZelSize rowBytes = ZelSize{side} * bytes;
     const ZelSize pitch = (ZelSize{bytes} << order) / side;
     const int tiles = 1 << (order - 2 * tileOrder);
     Zel8u* const other = pWork + side * rowBytes;
