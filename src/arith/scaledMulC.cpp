@@ -63,9 +63,10 @@ struct Product64s {
     Zel64s operator()(OwnsHalved, Zel64s x) const { return (*this)(OwnsShiftedRight{1}, x); }
     Zel64s operator()(OwnsShiftedRight path, Zel64s x) const
     {
-        const __int128 half = __int128{1} << (path.shift - 1);
+        const __int128 unit = __int128{1} << path.shift;
+        const __int128 half = unit >> 1;
         const __int128 product = x * val;
-        const bool evenTie = (product & (4 * half - 1)) == half;
+        const bool evenTie = (product & (unit + (unit - 1))) == half;
         return ownsSaturated<Zel64s>((product + half - evenTie) >> path.shift);
     }
     Zel64s operator()(OwnsShiftedLeft path, Zel64s x) const
