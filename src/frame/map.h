@@ -86,9 +86,9 @@ template <OwnsShape shape, class Op, class D, class... S>
         ownsStore(pDst + i, op(ownsTake<D>(pSrc + i)...));
         ownsStore(pDst + i + lanes, op(ownsTake<D>(pSrc + i + lanes)...));
     }
-    // Whole rounds are common, and then the tail need not even be prepared.
+    // Whole rounds are the usual length of blocks, and leave without a jump.
     const int rest = static_cast<int>(len - i);
-    if (rest == 0)
+    if (rest == 0) [[likely]]
         return;
     if (!OwnsEstimates<Op> && (rest & lanes) != 0) [[likely]] {
         ownsStore(pDst + i, op(ownsTake<D>(pSrc + i)...));
