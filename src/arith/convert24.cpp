@@ -112,8 +112,7 @@ template <class Scale>
 {
     return [=](OwnsVec<Zel32f> x) {
         const OwnsVec<Zel32f> above = _mm_max_ps(scale(x), _mm_set1_ps(least));
-        return ownsAs<Zel32s>(
-            ownsIntegers(ownsBounded(above, most), [](auto v) { return ownsRoundedNear(v); }));
+        return ownsAs<Zel32s>(OwnsToNearest::integers(ownsBounded(above, most)));
     };
 }
 
@@ -122,6 +121,7 @@ template <class Scale>
 {
     if (const ZelStatus status = ownsCheck(len, pSrc, pDst); status != zelStatusOk)
         return status;
+    const OwnsNearestMode nearest;
     ownsWithFloatScale(scaleFactor,
                        [=](auto scale) { packWith(pSrc, pDst, len, roundedTo(least, most, scale)); });
     return zelStatusOk;

@@ -164,8 +164,8 @@ ZelStatus zelsConvert_16f16s_Sfs(const Zel16f* pSrc, Zel16s* pDst, int len, ZelR
                 const __m128i v = ownsInt(x);
                 const OwnsVec<Zel32f> low = floats(x);
                 const OwnsVec<Zel32f> high = floats(ownsAs<Zel16f>(_mm_srli_si128(v, 8)));
-                return ownsPacked<Zel16s>({ownsIntegers(ownsBounded(scale(low), INT16_MAX), round),
-                                           ownsIntegers(ownsBounded(scale(high), INT16_MAX), round)});
+                return ownsPacked<Zel16s>({decltype(round)::integers(ownsBounded(scale(low), INT16_MAX)),
+                                           decltype(round)::integers(ownsBounded(scale(high), INT16_MAX))});
             };
             ownsMap<shape_16s>(narrow, pDst, len, pSrc);
         });

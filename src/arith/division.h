@@ -37,13 +37,12 @@ inline OwnsVec<T> ownsPaddedDivisor(OwnsVec<T> x, int n)
 // A nonzero dividend over zero gives an infinity, which saturates by its sign. Zero over zero gives a NaN, and
 // that, like all that is too low, the most negative integer.
 
-/// Quotients b * 2^(-scaleFactor) / a, rounded by `round`, not above `limit`.
+/// Quotients b * 2^(-scaleFactor) / a, rounded by Round, not above `limit`.
 template <class F, class Round>
 class OwnsQuotients {
   public:
-    OwnsQuotients(int scaleFactor, Zel32s mostOfResult, Round rounding)
-        : power(static_cast<F>(ownsScaled(1.0, scaleFactor))), limit(static_cast<F>(mostOfResult)),
-          round(rounding)
+    OwnsQuotients(int scaleFactor, Zel32s mostOfResult)
+        : power(static_cast<F>(ownsScaled(1.0, scaleFactor))), limit(static_cast<F>(mostOfResult))
     {
     }
 
@@ -51,15 +50,15 @@ class OwnsQuotients {
     __m128i operator()(__m128i a, __m128i b) const
     {
         if constexpr (std::is_same_v<F, Zel32f>)
-            return ownsIntegers(quotient(_mm_cvtepi32_ps(a), _mm_cvtepi32_ps(b)), round);
+            return Round::integers(quotient(_mm_cvtepi32_ps(a), _mm_cvtepi32_ps(b)));
         else
             return of(_mm_cvtepi32_pd(a), _mm_cvtepi32_pd(upper(a)), b);
     }
     /// Of four 32-bit dividends and their divisors in double precision.
     __m128i of(OwnsVec<Zel64f> aLow, OwnsVec<Zel64f> aHigh, __m128i b) const
     {
-        return ownsIntegers(quotient(aLow, _mm_cvtepi32_pd(b)), quotient(aHigh, _mm_cvtepi32_pd(upper(b))),
-                            round);
+        return ownsIntegers<Round>(quotient(aLow, _mm_cvtepi32_pd(b)),
+                                   quotient(aHigh, _mm_cvtepi32_pd(upper(b))));
     }
 
   private:
@@ -68,7 +67,6 @@ class OwnsQuotients {
 
     F power;
     F limit;
-    Round round;
 };
 
 // A vector of T as vectors of 32-bit lanes.
@@ -175,23 +173,21 @@ constexpr bool ownsSinglePrecisionServes(int scaleFactor)
     return sizeof(D) == 1 || (sizeof(S2) == 2 && scaleFactor >= 0);
 }
 
-/// Chooses the operation by the factor, and calls `body` with it.
-template <OwnsQuotientRange range, class D, class S2, class Round, class Body>
-[[gnu::always_inline]] inline void ownsWithQuotients(int scaleFactor, Round round, Body body)
+/// Chooses the operation by the factor, and calls `body` with it in the mode of rounding to nearest.
+template <OwnsQuotientRange range, class Round, class D, class S2, class Body>
+[[gnu::always_inline]] inline void ownsWithQuotients(int scaleFactor, Body body)
 {
+    const OwnsNearestMode nearest;
     constexpr Zel32s most = std::numeric_limits<D>::max();
     if (scaleFactor > range.most)
         body(OwnsDivideToZero<D>{});
     else if (scaleFactor < range.least)
         body(OwnsDivideBySign<D>{});
     else if (ownsSinglePrecisionServes<D, S2>(scaleFactor))
-        body(OwnsDivide<D, Zel32f, Round>{{scaleFactor, most, round}});
+        body(OwnsDivide<D, Zel32f, Round>{{scaleFactor, most}});
     else
-        body(OwnsDivide<D, Zel64f, Round>{{scaleFactor, most, round}});
+        body(OwnsDivide<D, Zel64f, Round>{{scaleFactor, most}});
 }
-
-/// To nearest, ties to even.
-inline constexpr auto ownsNearest = [](auto x) { return ownsRoundedNear(x); };
 
 /// An operation that watches its divisors.
 template <class Op>
@@ -218,12 +214,12 @@ inline constexpr OwnsShape ownsShapeOf = sizeof(D) == 1   ? shape_8u
                                                           : shape_32s;
 
 /// The quotients of two vectors, behind the checks.
-template <OwnsQuotientRange range, class D, class S1, class S2, class Round>
+template <OwnsQuotientRange range, class Round, class D, class S1, class S2>
 [[gnu::noinline]] ZelStatus ownsDivideVectors(const S1* pSrc1, const S2* pSrc2, D* pDst, int len,
-                                              int scaleFactor, Round round)
+                                              int scaleFactor)
 {
     OwnsZeroWatch zeros;
-    ownsWithQuotients<range, D, S2>(scaleFactor, round, [&]<class Op>(Op op) {
+    ownsWithQuotients<range, Round, D, S2>(scaleFactor, [&]<class Op>(Op op) {
         ownsMap<ownsShapeOf<D>>(OwnsWatching<Op>{op, zeros}, pDst, len, pSrc1, pSrc2);
     });
     return zeros.status();
