@@ -22,17 +22,17 @@ struct Narrow {
     OwnsVec<D> operator()(OwnsVecs<Zel32f, n> x) const
     {
         __m128i integers[n];
-        for (int k = 0; k < n; k++)
-            integers[k] = Round::integers(ownsBounded(scale(x.v[k]), limit));
+        ownsRepeat<n>([&](int k) { integers[k] = Round::integers(ownsBounded(scale(x.v[k]), limit)); });
         return ownsPacked<D>(integers);
     }
     template <int n>
     OwnsVec<D> operator()(OwnsVecs<Zel64f, n> x) const
     {
         __m128i integers[n / 2];
-        for (int k = 0; k < n / 2; k++)
+        ownsRepeat<n / 2>([&](int k) {
             integers[k] = ownsIntegers<Round>(ownsBounded(scale(x.v[2 * k]), limit),
                                               ownsBounded(scale(x.v[2 * k + 1]), limit));
+        });
         return ownsPacked<D>(integers);
     }
 };

@@ -105,8 +105,7 @@ inline OwnsVec<D> ownsInLanes32(A divisors, B dividends, Results results)
     const auto a = ownsWide32(divisors);
     const auto b = ownsWide32(dividends);
     __m128i r[4 / sizeof(D)];
-    for (unsigned k = 0; k < 4 / sizeof(D); k++)
-        r[k] = results(a.v[k], b.v[k]);
+    ownsRepeat<4 / sizeof(D)>([&](int k) { r[k] = results(a.v[k], b.v[k]); });
     return ownsPacked<D>(r);
 }
 
