@@ -69,43 +69,40 @@ class OwnsQuotients {
     F limit;
 };
 
-// A vector of T as vectors of 32-bit lanes.
-inline OwnsVecs<Zel32s, 4> ownsWide32(OwnsVec<Zel8u> v)
+// The k-th four elements of a vector in 32-bit lanes.
+template <int k>
+inline OwnsVec<Zel32s> ownsWide32(OwnsVec<Zel8u> v)
 {
-    const __m128i x = ownsInt(v);
-    return {{ownsAs<Zel32s>(_mm_cvtepu8_epi32(x)), ownsAs<Zel32s>(_mm_cvtepu8_epi32(_mm_srli_si128(x, 4))),
-             ownsAs<Zel32s>(_mm_cvtepu8_epi32(_mm_srli_si128(x, 8))),
-             ownsAs<Zel32s>(_mm_cvtepu8_epi32(_mm_srli_si128(x, 12)))}};
+    return ownsAs<Zel32s>(_mm_cvtepu8_epi32(_mm_srli_si128(ownsInt(v), 4 * k)));
 }
-inline OwnsVecs<Zel32s, 2> ownsWide32(OwnsVec<Zel16u> v)
+template <int k>
+inline OwnsVec<Zel32s> ownsWide32(OwnsVec<Zel16u> v)
 {
-    const __m128i x = ownsInt(v);
-    return {
-        {ownsAs<Zel32s>(_mm_cvtepu16_epi32(x)), ownsAs<Zel32s>(_mm_cvtepu16_epi32(_mm_srli_si128(x, 8)))}};
+    return ownsAs<Zel32s>(_mm_cvtepu16_epi32(_mm_srli_si128(ownsInt(v), 8 * k)));
 }
-inline OwnsVecs<Zel32s, 2> ownsWide32(OwnsVec<Zel16s> v)
+template <int k>
+inline OwnsVec<Zel32s> ownsWide32(OwnsVec<Zel16s> v)
 {
-    const __m128i x = ownsInt(v);
-    return {
-        {ownsAs<Zel32s>(_mm_cvtepi16_epi32(x)), ownsAs<Zel32s>(_mm_cvtepi16_epi32(_mm_srli_si128(x, 8)))}};
+    return ownsAs<Zel32s>(_mm_cvtepi16_epi32(_mm_srli_si128(ownsInt(v), 8 * k)));
 }
-inline OwnsVecs<Zel32s, 1> ownsWide32(OwnsVec<Zel32s> v)
-{
-    return {{v}};
-}
-inline OwnsVecs<Zel32s, 2> ownsWide32(OwnsVecs<Zel32s, 2> v)
+template <int k>
+inline OwnsVec<Zel32s> ownsWide32(OwnsVec<Zel32s> v)
 {
     return v;
+}
+template <int k>
+inline OwnsVec<Zel32s> ownsWide32(OwnsVecs<Zel32s, 2> v)
+{
+    return v.v[k];
 }
 
 /// A vector of D of results(a, b), made lane by lane in 32 bits of divisors and dividends.
 template <class D, class A, class B, class Results>
 inline OwnsVec<D> ownsInLanes32(A divisors, B dividends, Results results)
 {
-    const auto a = ownsWide32(divisors);
-    const auto b = ownsWide32(dividends);
     __m128i r[4 / sizeof(D)];
-    ownsRepeat<4 / sizeof(D)>([&](int k) { r[k] = results(a.v[k], b.v[k]); });
+    ownsRepeat<4 / sizeof(D)>(
+        [&](auto k) { r[k] = results(ownsWide32<k>(divisors), ownsWide32<k>(dividends)); });
     return ownsPacked<D>(r);
 }
 

@@ -222,13 +222,13 @@ inline void ownsStorePart(T* p, std::type_identity_t<OwnsVec<T>> v, int n)
     }
 }
 
-/// Calls `step` with 0 to n - 1, each call written out: what is indexed by them stays in registers.
+/// Calls `step` with 0 to n - 1 as constants, each call written out: what is indexed by them stays in registers.
 template <int n, class Step>
 [[gnu::always_inline]] inline void ownsRepeat(Step step)
 {
     [&]<int... k>(std::integer_sequence<int, k...>) __attribute__((always_inline))
     {
-        (step(k), ...);
+        (step(std::integral_constant<int, k>{}), ...);
     }
     (std::make_integer_sequence<int, n>{});
 }
