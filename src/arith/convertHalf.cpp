@@ -40,7 +40,7 @@ struct Widen16f32f {
     OwnsVec<Zel32f> operator()(OwnsVec<Zel16f> x) const { return floats(x); }
 
     /// Eight halves. Zeros and normal numbers take shifts of their upper and their lower bits.
-    OwnsVecs<Zel32f, 2> pair(OwnsVec<Zel16f> v) const
+    static OwnsVecs<Zel32f, 2> pair(OwnsVec<Zel16f> v)
     {
         const __m128i h = ownsInt(v);
         const __m128i magnitude = _mm_and_si128(h, _mm_set1_epi16(0x7FFF));

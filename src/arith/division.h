@@ -21,7 +21,8 @@ inline OwnsVec<T> ownsPaddedDivisor(OwnsVec<T> x, int n)
 {
     static constexpr Zel8u filler[2 * ownsVecBytes]{0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0,
                                                     1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1};
-    const __m128i rest = ownsInt(ownsLoad(filler + ownsVecBytes - n * static_cast<int>(sizeof(T))));
+    const ZelSize bytes = n * static_cast<ZelSize>(sizeof(T));
+    const __m128i rest = ownsInt(ownsLoad(filler + ownsVecBytes - bytes));
     return ownsAs<T>(_mm_or_si128(ownsInt(x), rest));
 }
 
