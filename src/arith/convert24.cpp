@@ -83,8 +83,7 @@ template <class S, class Narrow>
     for (; i + 16 <= count; i += 16) {
         Zel8u* p = pDst + bytes24 * i;
         __m128i part[4];
-        for (int k = 0; k < 4; k++)
-            part[k] = gathered(ownsInt(narrow(ownsLoad(pSrc + i + 4 * k))));
+        ownsRepeat<4>([&](int k) { part[k] = gathered(ownsInt(narrow(ownsLoad(pSrc + i + 4 * k)))); });
         // Twelve bytes are three lanes: lanes 0 1 2 of each part, one after the other.
         ownsStore(p, ownsAs<Zel8u>(inserted<0x30>(part[0], part[1])));
         ownsStore(p + 16, ownsAs<Zel8u>(shuffled<0x49>(part[1], part[2])));
@@ -112,8 +111,7 @@ template <class Scale>
 {
     return [=](OwnsVec<Zel32f> x) {
         const OwnsVec<Zel32f> above = _mm_max_ps(scale(x), _mm_set1_ps(least));
-        return ownsAs<Zel32s>(
-            ownsIntegers(ownsBounded(above, most), [](auto v) { return ownsRoundedNear(v); }));
+        return ownsAs<Zel32s>(OwnsToNearest::integers(ownsBounded(above, most)));
     };
 }
 
@@ -122,6 +120,7 @@ template <class Scale>
 {
     if (const ZelStatus status = ownsCheck(len, pSrc, pDst); status != zelStatusOk)
         return status;
+    const OwnsNearestMode nearest;
     ownsWithFloatScale(scaleFactor,
                        [=](auto scale) { packWith(pSrc, pDst, len, roundedTo(least, most, scale)); });
     return zelStatusOk;

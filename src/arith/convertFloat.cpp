@@ -11,11 +11,10 @@ inline constexpr OwnsShape shape = sizeof(D) == 1   ? shape_8u
                                    : sizeof(D) == 2 ? shape_16s
                                                     : shape_32s;
 
-/// Floats to D, scaled by `scale`, rounded by `round`.
+/// Floats to D, scaled by `scale`, rounded by Round.
 template <class D, class Scale, class Round>
 struct Narrow {
     Scale scale;
-    Round round;
 
     static constexpr auto limit = std::numeric_limits<D>::max();
 
@@ -23,17 +22,17 @@ struct Narrow {
     OwnsVec<D> operator()(OwnsVecs<Zel32f, n> x) const
     {
         __m128i integers[n];
-        for (int k = 0; k < n; k++)
-            integers[k] = ownsIntegers(ownsBounded(scale(x.v[k]), limit), round);
+        ownsRepeat<n>([&](int k) { integers[k] = Round::integers(ownsBounded(scale(x.v[k]), limit)); });
         return ownsPacked<D>(integers);
     }
     template <int n>
     OwnsVec<D> operator()(OwnsVecs<Zel64f, n> x) const
     {
         __m128i integers[n / 2];
-        for (int k = 0; k < n / 2; k++)
-            integers[k] = ownsIntegers(ownsBounded(scale(x.v[2 * k]), limit),
-                                       ownsBounded(scale(x.v[2 * k + 1]), limit), round);
+        ownsRepeat<n / 2>([&](int k) {
+            integers[k] = ownsIntegers<Round>(ownsBounded(scale(x.v[2 * k]), limit),
+                                              ownsBounded(scale(x.v[2 * k + 1]), limit));
+        });
         return ownsPacked<D>(integers);
     }
 };
@@ -44,24 +43,20 @@ struct Narrow {
 template <class Scale, class Round>
 struct Narrow32f32s {
     Scale scale;
-    Round round;
     OwnsVec<Zel32s> operator()(OwnsVec<Zel32f> v) const
     {
         const OwnsVec<Zel32f> x = scale(v);
-        return ownsAs<Zel32s>(ownsIntegers(x, round)) ^ (x >= 0x1p31f);
+        return ownsAs<Zel32s>(Round::integers(x)) ^ (x >= 0x1p31f);
     }
 };
 
 template <class Scale, class Round>
 struct Narrow64f64s {
     Scale scale;
-    Round round;
     OwnsVec<Zel64s> operator()(OwnsVec<Zel64f> v) const
     {
         const OwnsVec<Zel64f> x = scale(v);
-        const __m128d rounded = round(x);
-        const __m128i integers =
-            _mm_set_epi64x(_mm_cvttsd_si64(_mm_unpackhi_pd(rounded, rounded)), _mm_cvttsd_si64(rounded));
+        const __m128i integers = _mm_set_epi64x(Round::integer(_mm_unpackhi_pd(x, x)), Round::integer(x));
         return ownsAs<Zel64s>(integers) ^ (x >= 0x1p63);
     }
 };
@@ -74,7 +69,7 @@ template <template <class, class> class Op, class D, class F>
         return status;
     ownsWithRounding(rnd, [=](auto round) {
         ownsWithFloatScale<F>(scaleFactor, [=](auto scale) {
-            ownsMap<shape<D>>(Op<decltype(scale), decltype(round)>{scale, round}, pDst, len, pSrc);
+            ownsMap<shape<D>>(Op<decltype(scale), decltype(round)>{scale}, pDst, len, pSrc);
         });
     });
     return zelStatusOk;

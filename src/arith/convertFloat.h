@@ -15,32 +15,48 @@ inline OwnsVec<Zel64f> ownsWithHalf(OwnsVec<Zel64f> x)
     return x + _mm_or_pd(_mm_and_pd(x, _mm_set1_pd(-0.0)), _mm_set1_pd(0.5));
 }
 
-/// Calls `body` with the step that a selector puts before truncation: none, rounding to nearest even, or one
-/// half with the sign of the value. That sum is rounded to nearest itself, so that a value just below one
-/// half does cross.
+// From floats to integers by a selector. What cannot be held becomes the most negative integer.
+
+/// Toward zero.
+struct OwnsTowardZero {
+    static __m128i integers(OwnsVec<Zel32f> x) { return _mm_cvttps_epi32(x); }
+    static __m128i integers(OwnsVec<Zel64f> x) { return _mm_cvttpd_epi32(x); }
+    static Zel64s integer(OwnsVec<Zel64f> x) { return _mm_cvttsd_si64(x); }
+};
+
+/// To nearest, ties to even: by the processor's mode, which must be that.
+struct OwnsToNearest {
+    static __m128i integers(OwnsVec<Zel32f> x) { return _mm_cvtps_epi32(x); }
+    static __m128i integers(OwnsVec<Zel64f> x) { return _mm_cvtpd_epi32(x); }
+    static Zel64s integer(OwnsVec<Zel64f> x) { return _mm_cvtsd_si64(x); }
+};
+
+/// One half with the sign of the value added, then toward zero. The sum is rounded to nearest itself, so that a
+/// value just below one half does cross.
+struct OwnsFinancial {
+    static __m128i integers(OwnsVec<Zel32f> x) { return _mm_cvttps_epi32(ownsWithHalf(x)); }
+    static __m128i integers(OwnsVec<Zel64f> x) { return _mm_cvttpd_epi32(ownsWithHalf(x)); }
+    static Zel64s integer(OwnsVec<Zel64f> x) { return _mm_cvttsd_si64(ownsWithHalf(x)); }
+};
+
+/// Calls `body` with the rounding of a selector, in the processor's mode that it needs.
 template <class Body>
 [[gnu::always_inline]] inline void ownsWithRounding(ZelRoundMode rnd, Body body)
 {
-    if (rnd == zelRndZero) {
-        body([](auto x) { return x; });
-    } else if (rnd == zelRndNear) {
-        body([](auto x) { return ownsRoundedNear(x); });
-    } else {
-        const OwnsNearestMode nearest;
-        body([](auto x) { return ownsWithHalf(x); });
-    }
+    if (rnd == zelRndZero)
+        return body(OwnsTowardZero{});
+    const OwnsNearestMode nearest;
+    if (rnd == zelRndNear)
+        body(OwnsToNearest{});
+    else
+        body(OwnsFinancial{});
 }
 
-/// Four floats, made into integers by truncation after `round`.
+/// Four integers from doubles.
 template <class Round>
-inline __m128i ownsIntegers(OwnsVec<Zel32f> x, Round round)
+inline __m128i ownsIntegers(OwnsVec<Zel64f> low, OwnsVec<Zel64f> high)
 {
-    return _mm_cvttps_epi32(round(x));
-}
-template <class Round>
-inline __m128i ownsIntegers(OwnsVec<Zel64f> low, OwnsVec<Zel64f> high, Round round)
-{
-    return _mm_unpacklo_epi64(_mm_cvttpd_epi32(round(low)), _mm_cvttpd_epi32(round(high)));
+    return _mm_unpacklo_epi64(Round::integers(low), Round::integers(high));
 }
 
 /// Packs 32-bit integers by saturation: as many vectors as one of D takes.

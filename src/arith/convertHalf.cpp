@@ -36,7 +36,29 @@ OwnsVec<Zel32f> floats(OwnsVec<Zel16f> x)
     return _mm_castsi128_ps(floatBits(_mm_cvtepu16_epi32(ownsInt(x))));
 }
 
-constexpr auto widen16f = [](OwnsVec<Zel16f> x) { return floats(x); };
+struct Widen16f32f {
+    OwnsVec<Zel32f> operator()(OwnsVec<Zel16f> x) const { return floats(x); }
+
+    /// Eight halves. Zeros and normal numbers take shifts of their upper and their lower bits.
+    static OwnsVecs<Zel32f, 2> pair(OwnsVec<Zel16f> v)
+    {
+        const __m128i h = ownsInt(v);
+        const __m128i magnitude = _mm_and_si128(h, _mm_set1_epi16(0x7FFF));
+        const __m128i sign = _mm_xor_si128(h, magnitude);
+        const __m128i isZero = _mm_cmpeq_epi16(magnitude, _mm_setzero_si128());
+        const __m128i small = _mm_cmpgt_epi16(_mm_set1_epi16(leastNormalHalf), magnitude);
+        if (_mm_movemask_epi8(_mm_andnot_si128(isZero, small)) != 0) [[unlikely]]
+            return {{floats(v), floats(ownsAs<Zel16f>(_mm_srli_si128(h, 8)))}};
+        const __m128i bias = _mm_set1_epi16(static_cast<short>(biasGap >> 16));
+        const __m128i beyond = _mm_cmpgt_epi16(magnitude, _mm_set1_epi16(halfInfinity - 1));
+        const __m128i biased = _mm_add_epi16(_mm_srli_epi16(magnitude, mantissaGap - 10), bias);
+        const __m128i exponent = _mm_add_epi16(biased, _mm_and_si128(beyond, bias));
+        const __m128i upper = _mm_or_si128(sign, _mm_andnot_si128(isZero, exponent));
+        const __m128i lower = _mm_slli_epi16(magnitude, mantissaGap);
+        return {{_mm_castsi128_ps(_mm_unpacklo_epi16(lower, upper)),
+                 _mm_castsi128_ps(_mm_unpackhi_epi16(lower, upper))}};
+    }
+};
 
 // How a magnitude loses its low bits, by the selector. `normal` takes the bits of a float with the bias of a
 // half and rounds them off, carrying into the exponent where it must; `subnormal` rounds a count of 2^-24, at
@@ -127,7 +149,7 @@ ZelStatus refuse(ZelStatus status, ZelRoundMode rnd)
 
 ZelStatus zelsConvert_16f32f(const Zel16f* pSrc, Zel32f* pDst, int len)
 {
-    return ownsRun<shape_32f>(widen16f, pDst, len, pSrc);
+    return ownsRun<shape_32f>(Widen16f32f{}, pDst, len, pSrc);
 }
 
 ZelStatus zelsConvert_32f16f(const Zel32f* pSrc, Zel16f* pDst, int len, ZelRoundMode rnd)
@@ -164,8 +186,8 @@ ZelStatus zelsConvert_16f16s_Sfs(const Zel16f* pSrc, Zel16s* pDst, int len, ZelR
                 const __m128i v = ownsInt(x);
                 const OwnsVec<Zel32f> low = floats(x);
                 const OwnsVec<Zel32f> high = floats(ownsAs<Zel16f>(_mm_srli_si128(v, 8)));
-                return ownsPacked<Zel16s>({ownsIntegers(ownsBounded(scale(low), INT16_MAX), round),
-                                           ownsIntegers(ownsBounded(scale(high), INT16_MAX), round)});
+                return ownsPacked<Zel16s>({decltype(round)::integers(ownsBounded(scale(low), INT16_MAX)),
+                                           decltype(round)::integers(ownsBounded(scale(high), INT16_MAX))});
             };
             ownsMap<shape_16s>(narrow, pDst, len, pSrc);
         });

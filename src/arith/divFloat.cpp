@@ -78,14 +78,29 @@ struct DivideComplex {
 
     V operator()(V a, V b) const
     {
-        const V squares = a * a;
-        const V sum = squares + ownsSwapped(squares);
-        const V numerator = ownsSubAdd(b * ownsReals(a), -(ownsSwapped(b) * ownsImags(a)));
-        const auto isZero = (ownsReals(a) == 0) & (ownsImags(a) == 0);
-        zeros.note(ownsInt(isZero));
-        return (isZero ? b : numerator) / sum;
+        const V re = ownsReals(a);
+        const V im = ownsImags(a);
+        const V sum = re * re + im * im;
+        // Imaginary parts first: subtraction and addition then fall on the right ones without a negation, which
+        // the compiler might move into a product and so round the other way.
+        V numerator = ownsSwapped(ownsSubAdd(ownsSwapped(b) * re, b * im));
+        const __m128i isZero = bothParts(ownsInt(a == 0));
+        if (_mm_movemask_epi8(isZero) != 0) [[unlikely]] {
+            zeros.note(isZero);
+            numerator = ownsAs<OwnsPart<C>>(_mm_blendv_epi8(ownsInt(numerator), ownsInt(b), isZero));
+        }
+        return numerator / sum;
     }
     V part(int n, V a, V b) const { return (*this)(ownsPaddedDivisor<C>(a, n), b); }
+
+  private:
+    static __m128i bothParts(__m128i each)
+    {
+        if constexpr (sizeof(C) == 8)
+            return _mm_cmpeq_epi64(each, _mm_set1_epi64x(-1));
+        else
+            return _mm_and_si128(each, _mm_shuffle_epi32(each, 0x4E));
+    }
 };
 
 template <OwnsShape shape, class Op, class T>

@@ -12,7 +12,7 @@ template <OwnsQuotientRange range, class D, class S1, class S2>
     const ZelStatus status = ownsCheck(len, pSrc1, pSrc2, pDst);
     return status != zelStatusOk
                ? status
-               : ownsDivideVectors<range>(pSrc1, pSrc2, pDst, len, scaleFactor, ownsNearest);
+               : ownsDivideVectors<range, OwnsToNearest>(pSrc1, pSrc2, pDst, len, scaleFactor);
 }
 
 template <class T>
@@ -21,16 +21,14 @@ template <class T>
 {
     if (const ZelStatus status = ownsCheck(len, pSrc1, pSrc2, pDst); status != zelStatusOk)
         return status;
-    const auto run = [=](auto round) {
-        return ownsDivideVectors<rangeDivRound>(pSrc1, pSrc2, pDst, len, scaleFactor, round);
-    };
+    constexpr auto range = rangeDivRound;
     switch (rnd) {
     case zelRndZero:
-        return run([](auto x) { return x; });
+        return ownsDivideVectors<range, OwnsTowardZero>(pSrc1, pSrc2, pDst, len, scaleFactor);
     case zelRndNear:
-        return run(ownsNearest);
+        return ownsDivideVectors<range, OwnsToNearest>(pSrc1, pSrc2, pDst, len, scaleFactor);
     case zelRndFinancial:
-        return run([](auto x) { return ownsWithHalf(x); });
+        return ownsDivideVectors<range, OwnsFinancial>(pSrc1, pSrc2, pDst, len, scaleFactor);
     default:
         return zelErrRoundMode;
     }
@@ -57,14 +55,33 @@ Zel32s dividedFar(Zel32s a, Zel32s b, int shift)
                                   : static_cast<Zel32s>(quotient);
 }
 
+/// Four quotients by doubles, which err by 2^-22 at most: where one is as close to a tie as 2^-20 all four are
+/// divided as integers.
 struct DivideFar {
+    Zel64f power;
     int shift;
 
     OwnsVec<Zel32s> operator()(OwnsVec<Zel32s> a, OwnsVec<Zel32s> b) const
     {
-        OwnsVec<Zel32s> q;
-        for (int k = 0; k < 4; k++)
-            q[k] = dividedFar(a[k], b[k], shift);
+        int nearTie = 0;
+        const auto two = [&](__m128i x, __m128i y) {
+            const OwnsVec<Zel64f> divisors = _mm_cvtepi32_pd(x);
+            const OwnsVec<Zel64f> dividends = _mm_cvtepi32_pd(y);
+            const OwnsVec<Zel64f> bounded = ownsBounded(dividends / divisors * power, INT32_MAX);
+            const OwnsVec<Zel64f> q = _mm_max_pd(bounded, _mm_set1_pd(INT32_MIN));
+            const __m128i rounded = OwnsToNearest::integers(q);
+            const OwnsVec<Zel64f> rest = q - _mm_cvtepi32_pd(rounded);
+            const __m128d distance = _mm_andnot_pd(_mm_set1_pd(-0.0), rest);
+            nearTie |= _mm_movemask_pd(_mm_cmpgt_pd(distance, _mm_set1_pd(0.5 - 0x1p-20)));
+            return rounded;
+        };
+        const auto upper = [](OwnsVec<Zel32s> x) { return _mm_unpackhi_epi64(ownsInt(x), ownsInt(x)); };
+        const __m128i low = two(ownsInt(a), ownsInt(b));
+        const __m128i high = two(upper(a), upper(b));
+        OwnsVec<Zel32s> q = ownsAs<Zel32s>(_mm_unpacklo_epi64(low, high)) & (b != 0);
+        if (nearTie != 0) [[unlikely]]
+            for (int k = 0; k < 4; k++)
+                q[k] = dividedFar(a[k], b[k], shift);
         return q;
     }
 };
@@ -75,9 +92,11 @@ ZelStatus divide32s(const Zel32s* pSrc1, const Zel32s* pSrc2, Zel32s* pDst, int 
     if (const ZelStatus status = ownsCheck(len, pSrc1, pSrc2, pDst); status != zelStatusOk)
         return status;
     if (scaleFactor < rangeDiv_32s.least || scaleFactor >= leastForDoubles)
-        return ownsDivideVectors<rangeDiv_32s>(pSrc1, pSrc2, pDst, len, scaleFactor, ownsNearest);
+        return ownsDivideVectors<rangeDiv_32s, OwnsToNearest>(pSrc1, pSrc2, pDst, len, scaleFactor);
+    const OwnsNearestMode nearest;
     OwnsZeroWatch zeros;
-    ownsMap<shape_32s>(OwnsWatching<DivideFar>{{-scaleFactor}, zeros}, pDst, len, pSrc1, pSrc2);
+    ownsMap<shape_32s>(OwnsWatching<DivideFar>{{ownsScaled(1.0, scaleFactor), -scaleFactor}, zeros}, pDst,
+                       len, pSrc1, pSrc2);
     return zeros.status();
 }
 

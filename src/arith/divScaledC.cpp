@@ -15,7 +15,7 @@ template <OwnsQuotientRange range, class T>
         return status;
     if (val == 0)
         return zelErrDivByZero;
-    ownsWithQuotients<range, T, T>(scaleFactor, ownsNearest, [=](auto op) {
+    ownsWithQuotients<range, OwnsToNearest, T, T>(scaleFactor, [=](auto op) {
         const auto overConstant = [op, divisor = ownsSplat(val)](auto x) { return op(divisor, x); };
         ownsMap<ownsShapeOf<T>>(overConstant, pDst, len, pSrc);
     });
@@ -39,7 +39,7 @@ ZelStatus divide16sc(const Zel16sc* pSrc, Zel16sc val, Zel16sc* pDst, int len, i
 
 /// A constant over a vector.
 struct DivideConstant16u {
-    OwnsWatching<OwnsDivide<Zel16u, Zel32f, decltype(ownsNearest)>> divide;
+    OwnsWatching<OwnsDivide<Zel16u, Zel32f, OwnsToNearest>> divide;
     OwnsVec<Zel16u> val;
 
     OwnsVec<Zel16u> operator()(OwnsVec<Zel16u> x) const { return divide(x, val); }
@@ -115,9 +115,9 @@ ZelStatus zelsDivCRev_16u(const Zel16u* pSrc, Zel16u val, Zel16u* pDst, int len)
 {
     if (const ZelStatus status = ownsCheck(len, pSrc, pDst); status != zelStatusOk)
         return status;
+    const OwnsNearestMode nearest;
     OwnsZeroWatch zeros;
-    ownsMap<shape_16s>(DivideConstant16u{{{{0, UINT16_MAX, ownsNearest}}, zeros}, ownsSplat(val)}, pDst, len,
-                       pSrc);
+    ownsMap<shape_16s>(DivideConstant16u{{{{0, UINT16_MAX}}, zeros}, ownsSplat(val)}, pDst, len, pSrc);
     return zeros.status();
 }
 

@@ -21,7 +21,8 @@ inline OwnsVec<T> ownsPaddedDivisor(OwnsVec<T> x, int n)
 {
     static constexpr Zel8u filler[2 * ownsVecBytes]{0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0,
                                                     1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1};
-    const __m128i rest = ownsInt(ownsLoad(filler + ownsVecBytes - n * static_cast<int>(sizeof(T))));
+    const ZelSize bytes = n * static_cast<ZelSize>(sizeof(T));
+    const __m128i rest = ownsInt(ownsLoad(filler + ownsVecBytes - bytes));
     return ownsAs<T>(_mm_or_si128(ownsInt(x), rest));
 }
 
@@ -37,13 +38,12 @@ inline OwnsVec<T> ownsPaddedDivisor(OwnsVec<T> x, int n)
 // A nonzero dividend over zero gives an infinity, which saturates by its sign. Zero over zero gives a NaN, and
 // that, like all that is too low, the most negative integer.
 
-/// Quotients b * 2^(-scaleFactor) / a, rounded by `round`, not above `limit`.
+/// Quotients b * 2^(-scaleFactor) / a, rounded by Round, not above `limit`.
 template <class F, class Round>
 class OwnsQuotients {
   public:
-    OwnsQuotients(int scaleFactor, Zel32s mostOfResult, Round rounding)
-        : power(static_cast<F>(ownsScaled(1.0, scaleFactor))), limit(static_cast<F>(mostOfResult)),
-          round(rounding)
+    OwnsQuotients(int scaleFactor, Zel32s mostOfResult)
+        : power(static_cast<F>(ownsScaled(1.0, scaleFactor))), limit(static_cast<F>(mostOfResult))
     {
     }
 
@@ -51,15 +51,15 @@ class OwnsQuotients {
     __m128i operator()(__m128i a, __m128i b) const
     {
         if constexpr (std::is_same_v<F, Zel32f>)
-            return ownsIntegers(quotient(_mm_cvtepi32_ps(a), _mm_cvtepi32_ps(b)), round);
+            return Round::integers(quotient(_mm_cvtepi32_ps(a), _mm_cvtepi32_ps(b)));
         else
             return of(_mm_cvtepi32_pd(a), _mm_cvtepi32_pd(upper(a)), b);
     }
     /// Of four 32-bit dividends and their divisors in double precision.
     __m128i of(OwnsVec<Zel64f> aLow, OwnsVec<Zel64f> aHigh, __m128i b) const
     {
-        return ownsIntegers(quotient(aLow, _mm_cvtepi32_pd(b)), quotient(aHigh, _mm_cvtepi32_pd(upper(b))),
-                            round);
+        return ownsIntegers<Round>(quotient(aLow, _mm_cvtepi32_pd(b)),
+                                   quotient(aHigh, _mm_cvtepi32_pd(upper(b))));
     }
 
   private:
@@ -68,47 +68,42 @@ class OwnsQuotients {
 
     F power;
     F limit;
-    Round round;
 };
 
-// A vector of T as vectors of 32-bit lanes.
-inline OwnsVecs<Zel32s, 4> ownsWide32(OwnsVec<Zel8u> v)
+// The k-th four elements of a vector in 32-bit lanes.
+template <int k>
+inline OwnsVec<Zel32s> ownsWide32(OwnsVec<Zel8u> v)
 {
-    const __m128i x = ownsInt(v);
-    return {{ownsAs<Zel32s>(_mm_cvtepu8_epi32(x)), ownsAs<Zel32s>(_mm_cvtepu8_epi32(_mm_srli_si128(x, 4))),
-             ownsAs<Zel32s>(_mm_cvtepu8_epi32(_mm_srli_si128(x, 8))),
-             ownsAs<Zel32s>(_mm_cvtepu8_epi32(_mm_srli_si128(x, 12)))}};
+    return ownsAs<Zel32s>(_mm_cvtepu8_epi32(_mm_srli_si128(ownsInt(v), 4 * k)));
 }
-inline OwnsVecs<Zel32s, 2> ownsWide32(OwnsVec<Zel16u> v)
+template <int k>
+inline OwnsVec<Zel32s> ownsWide32(OwnsVec<Zel16u> v)
 {
-    const __m128i x = ownsInt(v);
-    return {
-        {ownsAs<Zel32s>(_mm_cvtepu16_epi32(x)), ownsAs<Zel32s>(_mm_cvtepu16_epi32(_mm_srli_si128(x, 8)))}};
+    return ownsAs<Zel32s>(_mm_cvtepu16_epi32(_mm_srli_si128(ownsInt(v), 8 * k)));
 }
-inline OwnsVecs<Zel32s, 2> ownsWide32(OwnsVec<Zel16s> v)
+template <int k>
+inline OwnsVec<Zel32s> ownsWide32(OwnsVec<Zel16s> v)
 {
-    const __m128i x = ownsInt(v);
-    return {
-        {ownsAs<Zel32s>(_mm_cvtepi16_epi32(x)), ownsAs<Zel32s>(_mm_cvtepi16_epi32(_mm_srli_si128(x, 8)))}};
+    return ownsAs<Zel32s>(_mm_cvtepi16_epi32(_mm_srli_si128(ownsInt(v), 8 * k)));
 }
-inline OwnsVecs<Zel32s, 1> ownsWide32(OwnsVec<Zel32s> v)
-{
-    return {{v}};
-}
-inline OwnsVecs<Zel32s, 2> ownsWide32(OwnsVecs<Zel32s, 2> v)
+template <int k>
+inline OwnsVec<Zel32s> ownsWide32(OwnsVec<Zel32s> v)
 {
     return v;
+}
+template <int k>
+inline OwnsVec<Zel32s> ownsWide32(OwnsVecs<Zel32s, 2> v)
+{
+    return v.v[k];
 }
 
 /// A vector of D of results(a, b), made lane by lane in 32 bits of divisors and dividends.
 template <class D, class A, class B, class Results>
 inline OwnsVec<D> ownsInLanes32(A divisors, B dividends, Results results)
 {
-    const auto a = ownsWide32(divisors);
-    const auto b = ownsWide32(dividends);
     __m128i r[4 / sizeof(D)];
-    for (unsigned k = 0; k < 4 / sizeof(D); k++)
-        r[k] = results(a.v[k], b.v[k]);
+    ownsRepeat<4 / sizeof(D)>(
+        [&](auto k) { r[k] = results(ownsWide32<k>(divisors), ownsWide32<k>(dividends)); });
     return ownsPacked<D>(r);
 }
 
@@ -175,23 +170,21 @@ constexpr bool ownsSinglePrecisionServes(int scaleFactor)
     return sizeof(D) == 1 || (sizeof(S2) == 2 && scaleFactor >= 0);
 }
 
-/// Chooses the operation by the factor, and calls `body` with it.
-template <OwnsQuotientRange range, class D, class S2, class Round, class Body>
-[[gnu::always_inline]] inline void ownsWithQuotients(int scaleFactor, Round round, Body body)
+/// Chooses the operation by the factor, and calls `body` with it in the mode of rounding to nearest.
+template <OwnsQuotientRange range, class Round, class D, class S2, class Body>
+[[gnu::always_inline]] inline void ownsWithQuotients(int scaleFactor, Body body)
 {
+    const OwnsNearestMode nearest;
     constexpr Zel32s most = std::numeric_limits<D>::max();
     if (scaleFactor > range.most)
         body(OwnsDivideToZero<D>{});
     else if (scaleFactor < range.least)
         body(OwnsDivideBySign<D>{});
     else if (ownsSinglePrecisionServes<D, S2>(scaleFactor))
-        body(OwnsDivide<D, Zel32f, Round>{{scaleFactor, most, round}});
+        body(OwnsDivide<D, Zel32f, Round>{{scaleFactor, most}});
     else
-        body(OwnsDivide<D, Zel64f, Round>{{scaleFactor, most, round}});
+        body(OwnsDivide<D, Zel64f, Round>{{scaleFactor, most}});
 }
-
-/// To nearest, ties to even.
-inline constexpr auto ownsNearest = [](auto x) { return ownsRoundedNear(x); };
 
 /// An operation that watches its divisors.
 template <class Op>
@@ -218,12 +211,12 @@ inline constexpr OwnsShape ownsShapeOf = sizeof(D) == 1   ? shape_8u
                                                           : shape_32s;
 
 /// The quotients of two vectors, behind the checks.
-template <OwnsQuotientRange range, class D, class S1, class S2, class Round>
+template <OwnsQuotientRange range, class Round, class D, class S1, class S2>
 [[gnu::noinline]] ZelStatus ownsDivideVectors(const S1* pSrc1, const S2* pSrc2, D* pDst, int len,
-                                              int scaleFactor, Round round)
+                                              int scaleFactor)
 {
     OwnsZeroWatch zeros;
-    ownsWithQuotients<range, D, S2>(scaleFactor, round, [&]<class Op>(Op op) {
+    ownsWithQuotients<range, Round, D, S2>(scaleFactor, [&]<class Op>(Op op) {
         ownsMap<ownsShapeOf<D>>(OwnsWatching<Op>{op, zeros}, pDst, len, pSrc1, pSrc2);
     });
     return zeros.status();

@@ -52,8 +52,7 @@ inline OwnsVec<Zel16s> ownsPackedParts(__m128i re, __m128i im)
 // The operations on a divisor and four dividends: within the range of scale factors, above it, below it.
 
 struct OwnsDivideComplex {
-    using Round = decltype(ownsNearest);
-    OwnsQuotients<Zel64f, Round> quotients;
+    OwnsQuotients<Zel64f, OwnsToNearest> quotients;
 
     OwnsVec<Zel16s> operator()(const OwnsComplexDivisors& a, OwnsVec<Zel16s> b) const
     {
@@ -86,10 +85,11 @@ struct OwnsDivideComplexBySign {
 template <class Body>
 [[gnu::always_inline]] inline void ownsWithComplexQuotients(int scaleFactor, Body body)
 {
+    const OwnsNearestMode nearest;
     if (scaleFactor > rangeDiv_16.most)
         body(OwnsDivideComplexToZero{});
     else if (scaleFactor < rangeDiv_16.least)
         body(OwnsDivideComplexBySign{});
     else
-        body(OwnsDivideComplex{{scaleFactor, INT16_MAX, ownsNearest}});
+        body(OwnsDivideComplex{{scaleFactor, INT16_MAX}});
 }

@@ -20,19 +20,29 @@ OwnsVec<Zel32s> mulWidened16s(OwnsVec<Zel16s> a, OwnsVec<Zel16s> b)
 struct Product16s32s {
     using A = OwnsVec<Zel16s>;
     using V = OwnsVec<Zel32s>;
-    static V apply(OwnsUnscaled, A a, A b) { return mulWidened16s(a, b); }
-    static V apply(OwnsHalved, A a, A b) { return ownsHalvedEven(mulWidened16s(a, b)); }
-    static V apply(OwnsShiftedRight path, A a, A b)
+
+    static V scaled(OwnsUnscaled, V x) { return x; }
+    static V scaled(OwnsHalved, V x) { return ownsRoundedRightSmall(x, 1); }
+    static V scaled(OwnsShiftedRight path, V x) { return ownsRoundedRightSmall(x, path.shift); }
+    static V scaled(OwnsShiftedLeft path, V x) { return ownsShiftedLeft(x, path.shift); }
+
+    template <class Path>
+    static V apply(Path path, A a, A b)
     {
-        return ownsRoundedRightSmall(mulWidened16s(a, b), path.shift);
-    }
-    static V apply(OwnsShiftedLeft path, A a, A b)
-    {
-        return ownsShiftedLeft(mulWidened16s(a, b), path.shift);
+        return scaled(path, mulWidened16s(a, b));
     }
     static V apply(OwnsBySign, A a, A b)
     {
         return ownsSaturatedBySign(ownsAs<Zel32s>(_mm_cvtepi16_epi32(ownsInt(ownsSignOfProduct(a, b)))));
+    }
+    template <class Path>
+    static OwnsVecs<Zel32s, 2> pair(Path path, A a, A b) requires requires(V x)
+    {
+        scaled(path, x);
+    }
+    {
+        const OwnsHalves16<Zel16s> x = ownsHalvesOf(a, b);
+        return {{scaled(path, ownsAs<Zel32s>(x.first())), scaled(path, ownsAs<Zel32s>(x.second()))}};
     }
 };
 

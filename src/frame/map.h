@@ -8,7 +8,9 @@
 // An operation is a callable that takes one vector for each source and gives a destination vector. Peel and
 // tail run it on partly filled vectors, so that one definition is enough; an operation that must not mistake
 // the zeros behind the last element for elements has a form part(n, vectors...) for these. A source narrower
-// than the destination arrives in the low lanes of its vector, a wider one as OwnsVecs: see ownsTake.
+// than the destination arrives in the low lanes of its vector, a wider one as OwnsVecs: see ownsTake. Where all
+// sources are half as wide as the destination, an operation may have a form pair(vectors...) for whole vectors of
+// them, which gives two destination vectors.
 
 /// Marks an operation whose vectors estimate what single elements compute truly: it has a form for single
 /// elements too, and short vectors, peel and tail take that one.
@@ -51,6 +53,21 @@ template <class Op, class D, class... S>
     }
 }
 
+/// Two destination vectors from index 0 on, by `store`.
+template <class Op, class D, class Store, class... S>
+[[gnu::always_inline]] inline void round(Op& op, D* pDst, Store store, const S*... pSrc)
+{
+    constexpr ZelSize lanes = ownsLanes<D>;
+    if constexpr (requires { op.pair(ownsLoad(pSrc)...); }) {
+        const OwnsVecs<D, 2> both = op.pair(ownsLoad(pSrc)...);
+        store(pDst, both.v[0]);
+        store(pDst + lanes, both.v[1]);
+    } else {
+        store(pDst, op(ownsTake<D>(pSrc)...));
+        store(pDst + lanes, op(ownsTake<D>(pSrc + lanes)...));
+    }
+}
+
 /// Elements up to the next vector boundary, or -1 where single elements do not lead to one.
 template <class D>
 [[gnu::always_inline]] inline int peelCount(const D* pDst)
@@ -76,16 +93,14 @@ template <OwnsShape shape, class Op, class D, class... S>
         if (peel > 0)
             owns_detail::few(op, pDst, i, peel, pSrc...);
         if (shape.streamAbove != INT64_MAX && peel >= 0 && len - i > shape.streamAbove) {
-            for (; i <= len - 2 * lanes; i += 2 * lanes) {
-                ownsStream(pDst + i, op(ownsTake<D>(pSrc + i)...));
-                ownsStream(pDst + i + lanes, op(ownsTake<D>(pSrc + i + lanes)...));
-            }
+            for (; i <= len - 2 * lanes; i += 2 * lanes)
+                owns_detail::round(
+                    op, pDst + i, [](D* p, auto v) { ownsStream(p, v); }, (pSrc + i)...);
         }
     }
-    for (; i <= len - 2 * lanes; i += 2 * lanes) {
-        ownsStore(pDst + i, op(ownsTake<D>(pSrc + i)...));
-        ownsStore(pDst + i + lanes, op(ownsTake<D>(pSrc + i + lanes)...));
-    }
+    for (; i <= len - 2 * lanes; i += 2 * lanes)
+        owns_detail::round(
+            op, pDst + i, [](D* p, auto v) { ownsStore(p, v); }, (pSrc + i)...);
     // Whole rounds are the usual length of blocks, and leave without a jump.
     const int rest = static_cast<int>(len - i);
     if (rest == 0) [[likely]]

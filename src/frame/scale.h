@@ -42,7 +42,10 @@ struct OwnsPowerOfTwo {
     template <class X>
     X operator()(X x) const
     {
-        return x * first * second;
+        const X product = x * first;
+        if (second == 1) [[likely]]
+            return product;
+        return product * second;
     }
 };
 

@@ -14,7 +14,8 @@
 // In operations whose exact value is two words, told by their constant `word`, right shifts are three paths:
 // below a word, OwnsShiftedRight; and these. Where such an operation has a constant `fraction` too, it has a path
 // of its own for that shift: the product of two fractions as a fraction. A constant `mostLeft` tells the
-// largest left shift that an operation knows; what is above saturates by sign.
+// largest left shift that an operation knows; what is above saturates by sign. `pair` is `apply` for the form of
+// two vectors that map.h tells of.
 
 /// By `fraction`.
 struct OwnsShiftedFraction {};
@@ -57,10 +58,30 @@ struct OwnsReversed {
 
 namespace owns_detail {
 
+/// An operation bound to its path.
+template <class Op, class Path>
+struct OnPath {
+    Path path;
+
+    template <class... V>
+    auto operator()(V... x) const
+    {
+        return Op::apply(path, x...);
+    }
+    template <class... V>
+    auto pair(V... x) const requires requires
+    {
+        Op::pair(path, x...);
+    }
+    {
+        return Op::pair(path, x...);
+    }
+};
+
 template <OwnsShape shape, class Op, class Path, class D, class... S>
 [[gnu::noinline]] void scaledKernel(Path path, D* pDst, ZelSize len, const S*... pSrc)
 {
-    ownsMap<shape>([path](auto... x) { return Op::apply(path, x...); }, pDst, len, pSrc...);
+    ownsMap<shape>(OnPath<Op, Path>{path}, pDst, len, pSrc...);
 }
 
 template <OwnsShape shape, class Op, class Path, class D, class S>
