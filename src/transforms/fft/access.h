@@ -28,6 +28,7 @@ struct OwnsPairSource {
     OwnsPairSource from(ZelSize i) const { return {p + 2 * i}; }
     OwnsOne<T> get(ZelSize i) const { return {ownsGet(p + 2 * i), ownsGet(p + 2 * i + 1)}; }
     OwnsPairs<T> load(ZelSize i) const { return {ownsLoad(p + 2 * i)}; }
+    void prefetch(ZelSize i) const { _mm_prefetch(reinterpret_cast<const char*>(p + 2 * i), _MM_HINT_T0); }
 };
 
 /// Source in two arrays.
@@ -57,6 +58,10 @@ struct OwnsBlocks {
     T* p;
 
     OwnsBlocks from(ZelSize group) const { return {p + step * group}; }
+    void prefetch(ZelSize group) const
+    {
+        _mm_prefetch(reinterpret_cast<const char*>(p + step * group), _MM_HINT_T0);
+    }
 
     OwnsSplit<T> load(ZelSize group) const
     {
@@ -78,6 +83,12 @@ struct OwnsSplitBlocks {
     OwnsSplitBlocks from(ZelSize group) const
     {
         return {re + ownsLanes<T> * group, im + ownsLanes<T> * group};
+    }
+
+    void prefetch(ZelSize group) const
+    {
+        _mm_prefetch(reinterpret_cast<const char*>(re + ownsLanes<T> * group), _MM_HINT_T0);
+        _mm_prefetch(reinterpret_cast<const char*>(im + ownsLanes<T> * group), _MM_HINT_T0);
     }
 
     OwnsSplit<T> load(ZelSize group) const
