@@ -23,6 +23,7 @@ struct OwnsOne {
 /// Interleaved source.
 template <class T>
 struct OwnsPairSource {
+    static constexpr bool halfLines = false;
     const T* p;
 
     OwnsPairSource from(ZelSize i) const { return {p + 2 * i}; }
@@ -34,6 +35,8 @@ struct OwnsPairSource {
 /// Source in two arrays.
 template <class T>
 struct OwnsSplitSource {
+    /// A step of the first pass takes half a line of each array.
+    static constexpr bool halfLines = true;
     const T* re;
     const T* im;
 

@@ -118,7 +118,10 @@ inline void ownsFirstPass(Source src, ZelSize rowStride, const Zel32s* pIndex, Z
 {
     constexpr int radix = 1 << radixOrder;
     constexpr int values = OwnsPairs<T>::values;
-    for (ZelSize i = 0; i < steps; i++, work = work.from(8 / ownsLanes<T>)) {
+    for (ZelSize n = 0; n < steps; n++) {
+        // The step that takes the other half of the same lines is half of all steps away.
+        const ZelSize i = Source::halfLines ? n % 2 * (steps / 2) + n / 2 : n;
+        const auto to = work.from(i * (8 / ownsLanes<T>));
         if constexpr (ahead) {
             const ZelSize at = pIndex[i + 3 < steps ? i + 3 : i];
             ownsEach<8>([&](auto d) OWNS_INLINE { src.prefetch(at + d * rowStride); });
@@ -132,7 +135,7 @@ inline void ownsFirstPass(Source src, ZelSize rowStride, const Zel32s* pIndex, Z
             ownsFirstButterflies<radixOrder, inverse, T>(
                 x, [&](auto v, auto b, OwnsSplit<T> group) OWNS_INLINE {
                     constexpr int leaf = ownsReversed(pair * values + v, ownsFftLineOrder<T>);
-                    work.store(leaf * leafGroups + b, group);
+                    to.store(leaf * leafGroups + b, group);
                 });
         });
     }
