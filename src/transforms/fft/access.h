@@ -109,6 +109,7 @@ struct OwnsSplitBlocks {
 /// values whose parts are exchanged, and exchanges them back here.
 template <class T, bool inverse, bool scaled>
 struct OwnsPairSink {
+    static constexpr bool split = false;
     T* p;
     T scale;
 
@@ -135,6 +136,7 @@ struct OwnsPairSink {
 /// Destination of a last pass in two arrays.
 template <class T, bool scaled>
 struct OwnsSplitSink {
+    static constexpr bool split = true;
     T* re;
     T* im;
     T scale;
