@@ -1,193 +1,270 @@
 // The Fourier transforms beside FFTW: its build of 128-bit vectors, from the build tree, and Debian's of wider ones.
+// Plans are made beforehand. FFTW plans by MEASURE, which is let go where that takes minutes.
 #include "support/array.h"
 #include "support/bench.h"
 #include "zels.h"
 
 #if BENCH_HAS_FFTW && BENCH_HAS_FFTWF
+#include <dlfcn.h>
 #include <fftw3.h>
 #endif
 
-#include <cmath>
 #include <cstdio>
-#include <dlfcn.h>
+#include <cstring>
 
 namespace {
 
-constexpr int lowest = 3;
-constexpr int highest = 22;
+constexpr int highestMeasured = 22;
+
+// The forms: an element, a plan, its size query and its Init.
+template <class E_, class Plan_, auto size_, auto init_>
+struct Form {
+    using E = E_;
+    using T = typename bench::PartOf<E>::Type;
+    using Plan = Plan_;
+    static constexpr bool real = std::is_same_v<E, T>;
+    static constexpr auto size = size_;
+    static constexpr auto init = init_;
+};
+using C32fc = Form<Zel32fc, ZelsFftPlan_C_32fc, zelsFFTGetSize_C_32fc, zelsFFTInit_C_32fc>;
+using C64fc = Form<Zel64fc, ZelsFftPlan_C_64fc, zelsFFTGetSize_C_64fc, zelsFFTInit_C_64fc>;
+using C32f = Form<Zel32f, ZelsFftPlan_C_32f, zelsFFTGetSize_C_32f, zelsFFTInit_C_32f>;
+using C64f = Form<Zel64f, ZelsFftPlan_C_64f, zelsFFTGetSize_C_64f, zelsFFTInit_C_64f>;
+using R32f = Form<Zel32f, ZelsFftPlan_R_32f, zelsFFTGetSize_R_32f, zelsFFTInit_R_32f>;
+using R64f = Form<Zel64f, ZelsFftPlan_R_64f, zelsFFTGetSize_R_64f, zelsFFTInit_R_64f>;
 
 // A plan and its buffers.
-template <class Plan>
+template <class F>
 class Planned {
   public:
-    template <class Size, class Init>
-    Planned(int order, Size size, Init init) : sizes(order, size), memory(sizes.plan), work(sizes.work + 64)
+    explicit Planned(int order) : sizes(order), memory(sizes.plan), init(sizes.init + 1), work(sizes.work + 1)
     {
-        bench::Array<Zel8u> initMemory(sizes.init + 64);
-        init(&plan, order, zelFftScaleNone, zelHintNone, memory.get(), initMemory.get());
+        make(order);
     }
-    Plan* plan = nullptr;
-    Zel8u* buffer() { return work; }
+    void make(int order) { F::init(&plan, order, zelFftScaleNone, zelHintNone, memory.get(), init.get()); }
+
+    typename F::Plan* plan = nullptr;
+    Zel8u* buffer() const { return work; }
 
   private:
     struct Sizes {
         int plan = 0, init = 0, work = 0;
-        template <class Size>
-        Sizes(int order, Size size)
-        {
-            size(order, zelFftScaleNone, zelHintNone, &plan, &init, &work);
-        }
+        explicit Sizes(int order) { F::size(order, zelFftScaleNone, zelHintNone, &plan, &init, &work); }
     } sizes;
-    bench::Array<Zel8u> memory, work;
+    bench::Array<Zel8u> memory, init, work;
+};
+
+// Zeros: work in place would go to infinity on anything else.
+template <class T>
+struct Zeros : bench::Array<T> {
+    explicit Zeros(ZelSize length) : bench::Array<T>(length)
+    {
+        std::memset(static_cast<void*>(this->get()), 0, static_cast<std::size_t>(length) * sizeof(T));
+    }
 };
 
 #if BENCH_HAS_FFTW && BENCH_HAS_FFTWF
 
-// The functions of FFTW in one precision, from whichever build.
-template <class Plan, class Complex, class T>
-struct Fftw {
+// What is called of FFTW, in one precision, from whichever build.
+template <class Plan_, class Complex_, class T>
+struct Functions {
+    using Plan = Plan_;
+    using Complex = Complex_;
     Plan (*complex)(int, Complex*, Complex*, int, unsigned) = nullptr;
     Plan (*real)(int, T*, Complex*, unsigned) = nullptr;
     void (*execute)(Plan) = nullptr;
     void (*destroy)(Plan) = nullptr;
+    void (*forget)() = nullptr;
 
-    /// From a library of the build tree; all null where it is missing. Its symbols stay its own.
-    static Fftw from(const char* path, const char* prefix)
+    // From the build tree; all null where it is not there. Its symbols stay its own.
+    static Functions from(const char* path, std::string prefix)
     {
-        Fftw functions;
+        Functions f;
         void* const library = dlopen(path, RTLD_NOW | RTLD_LOCAL | RTLD_DEEPBIND);
         if (!library) {
-            std::fprintf(stderr, "%s is missing: its column is left out\n", path);
-            return functions;
+            std::fprintf(stderr, "%s is not built (target fftw_sse2): its column is left out\n", path);
+            return f;
         }
         const auto find = [&](auto& function, const char* name) {
             function = reinterpret_cast<std::remove_reference_t<decltype(function)>>(
-                dlsym(library, (std::string(prefix) + name).c_str()));
+                dlsym(library, (prefix + name).c_str()));
         };
-        find(functions.complex, "plan_dft_1d");
-        find(functions.real, "plan_dft_r2c_1d");
-        find(functions.execute, "execute");
-        find(functions.destroy, "destroy_plan");
-        return functions;
+        find(f.complex, "plan_dft_1d");
+        find(f.real, "plan_dft_r2c_1d");
+        find(f.execute, "execute");
+        find(f.destroy, "destroy_plan");
+        find(f.forget, "forget_wisdom");
+        return f;
     }
 };
-using Fftw32 = Fftw<fftwf_plan, fftwf_complex, float>;
-using Fftw64 = Fftw<fftw_plan, fftw_complex, double>;
 
 template <class T>
 struct Builds;
 template <>
 struct Builds<Zel32f> {
-    using Complex = fftwf_complex;
-    Fftw32 narrow = Fftw32::from(BENCH_FFTW_SSE2 "libfftw3f.so", "fftwf_");
-    Fftw32 wide = {fftwf_plan_dft_1d, fftwf_plan_dft_r2c_1d, fftwf_execute, fftwf_destroy_plan};
+    using Fftw = Functions<fftwf_plan, fftwf_complex, Zel32f>;
+    Fftw narrow = Fftw::from(BENCH_FFTW_SSE2 "libfftw3f.so", "fftwf_");
+    Fftw wide = {fftwf_plan_dft_1d, fftwf_plan_dft_r2c_1d, fftwf_execute, fftwf_destroy_plan,
+                 fftwf_forget_wisdom};
 };
 template <>
 struct Builds<Zel64f> {
-    using Complex = fftw_complex;
-    Fftw64 narrow = Fftw64::from(BENCH_FFTW_SSE2 "libfftw3.so", "fftw_");
-    Fftw64 wide = {fftw_plan_dft_1d, fftw_plan_dft_r2c_1d, fftw_execute, fftw_destroy_plan};
+    using Fftw = Functions<fftw_plan, fftw_complex, Zel64f>;
+    Fftw narrow = Fftw::from(BENCH_FFTW_SSE2 "libfftw3.so", "fftw_");
+    Fftw wide = {fftw_plan_dft_1d, fftw_plan_dft_r2c_1d, fftw_execute, fftw_destroy_plan, fftw_forget_wisdom};
 };
+template <class T>
+const Builds<T>& builds()
+{
+    static const Builds<T> both;
+    return both;
+}
+
+template <class F>
+auto planned(const typename Builds<typename F::T>::Fftw& fftw, int order, typename F::T* in,
+             typename F::T* out, unsigned flags)
+{
+    using Complex = typename std::remove_reference_t<decltype(fftw)>::Complex;
+    auto* const spectrum = reinterpret_cast<Complex*>(out);
+    if constexpr (F::real)
+        return fftw.real(1 << order, in, spectrum, flags);
+    else
+        return fftw.complex(1 << order, reinterpret_cast<Complex*>(in), spectrum, FFTW_FORWARD, flags);
+}
 
 #endif
 
-// A row: `call` on arrays of our own, FFTW in both builds on arrays of theirs.
-template <class T, class Call>
-void row(bench::Run& run, const char* name, int order, bool real, bool inPlace, Call call)
+// A row: `call` on arrays of its own, FFTW in both builds on arrays of theirs.
+template <class F, class Call>
+void beside(bench::Run& run, const char* name, int order, bool inPlace, Call call)
 {
     const ZelSize length = ZelSize{1} << order;
-    const bench::Work work{.bytes = 0, .flops = (real ? 2.5 : 5.0) * order};
+    const bench::Work work{.flops = (F::real ? 2.5 : 5.0) * order};
 #if BENCH_HAS_FFTW && BENCH_HAS_FFTWF
-    static const Builds<T> builds;
-    using Complex = typename Builds<T>::Complex;
-    bench::Array<T> src(2 * length + 4), dst(2 * length + 4);
-    auto* const in = src.get();
-    auto* const out = reinterpret_cast<Complex*>(inPlace ? src.get() : dst.get());
-    const auto planned = [&](const auto& build) {
-        return real ? build.real(static_cast<int>(length), in, out, FFTW_MEASURE)
-                    : build.complex(static_cast<int>(length), reinterpret_cast<Complex*>(in), out,
-                                    FFTW_FORWARD, FFTW_MEASURE);
-    };
-    const auto wide = planned(builds.wide);
-    const auto widePeer = bench::peer("FFTW (wider vectors)", [=] { builds.wide.execute(wide); });
-    if (builds.narrow.complex) {
-        const auto narrow = planned(builds.narrow);
-        run.row(name, length, work, call, bench::peer("FFTW SSE2", [=] { builds.narrow.execute(narrow); }),
-                widePeer);
-        builds.narrow.destroy(narrow);
+    using T = typename F::T;
+    const ZelSize parts = F::real ? length + 2 : 2 * length;
+    const Zeros<T> in(parts), other(inPlace ? 1 : parts);
+    T* const out = inPlace ? in.get() : other.get();
+    const unsigned flags = order > highestMeasured ? FFTW_ESTIMATE : FFTW_MEASURE;
+    const auto& [narrow, wide] = builds<T>();
+    const auto plan = planned<F>(wide, order, in, out, flags);
+    const auto widePeer = bench::peer("FFTW (wider vectors)", [=, &wide] { wide.execute(plan); });
+    if (narrow.complex) {
+        const auto narrowPlan = planned<F>(narrow, order, in, out, flags);
+        run.row(name, length, work, call,
+                bench::peer("FFTW SSE2", [=, &narrow] { narrow.execute(narrowPlan); }), widePeer);
+        narrow.destroy(narrowPlan);
     } else {
         run.row(name, length, work, call, widePeer);
     }
-    builds.wide.destroy(wide);
+    wide.destroy(plan);
 #else
     static_cast<void>(inPlace);
     run.row(name, length, work, call);
 #endif
 }
 
-template <class T, class E, class Plan, class Size, class Init>
-void rows(bench::Run& run, const char* name, bool real, bool inPlace, Size size, Init init,
-          ZelStatus (*transform)(const E*, E*, const Plan*, Zel8u*))
+template <class F, class Function>
+void rows(bench::Run& run, const char* name, Function function, int from = 3, int to = highestMeasured)
 {
-    if (!run.wants(name))
-        return;
-    for (int order = lowest; order <= highest; order++) {
-        Planned<Plan> planned(order, size, init);
-        bench::Array<E> src(ZelSize{1} << order), dst(ZelSize{1} << order);
-        E* const to = inPlace ? src.get() : dst.get();
-        row<T>(run, name, order, real, inPlace,
-               [=, from = src.get(), plan = planned.plan, buffer = planned.buffer()] {
-                   transform(from, to, plan, buffer);
-               });
+    using E = typename F::E;
+    constexpr bool inPlace = std::is_invocable_v<Function, E*, typename F::Plan*, Zel8u*>;
+    for (int order = from; order <= to; order++) {
+        const ZelSize length = ZelSize{1} << order;
+        if (!run.measures(name, length)) {
+            run.row(name, length, {}, [] {});
+            continue;
+        }
+        Planned<F> own(order);
+        const Zeros<E> src(length), dst(inPlace ? 1 : length);
+        beside<F>(run, name, order, inPlace,
+                  [=, src = src.get(), dst = dst.get(), plan = own.plan, buffer = own.buffer()] {
+                      if constexpr (inPlace)
+                          function(src, plan, buffer);
+                      else
+                          function(src, dst, plan, buffer);
+                  });
     }
 }
 
 const bench::Family family("Fourier transforms", [](bench::Run& run) {
-    for (const bool inPlace : {false, true}) {
-        const auto named = [inPlace](const char* outOfPlace, const char* other) {
-            return inPlace ? other : outOfPlace;
-        };
-        rows<Zel32f>(run, named("zelsFFTFwd_CToC_32fc", "zelsFFTFwd_CToC_32fc_I"), false, inPlace,
-                     zelsFFTGetSize_C_32fc, zelsFFTInit_C_32fc, zelsFFTFwd_CToC_32fc);
-        rows<Zel64f>(run, named("zelsFFTFwd_CToC_64fc", "zelsFFTFwd_CToC_64fc_I"), false, inPlace,
-                     zelsFFTGetSize_C_64fc, zelsFFTInit_C_64fc, zelsFFTFwd_CToC_64fc);
-        rows<Zel32f>(run, named("zelsFFTFwd_RToPerm_32f", "zelsFFTFwd_RToPerm_32f_I"), true, inPlace,
-                     zelsFFTGetSize_R_32f, zelsFFTInit_R_32f, zelsFFTFwd_RToPerm_32f);
-    }
+    rows<C32fc>(run, "zelsFFTFwd_CToC_32fc", zelsFFTFwd_CToC_32fc);
+    rows<C32fc>(run, "zelsFFTFwd_CToC_32fc_I", zelsFFTFwd_CToC_32fc_I);
+    rows<C64fc>(run, "zelsFFTFwd_CToC_64fc", zelsFFTFwd_CToC_64fc);
+    rows<C64fc>(run, "zelsFFTFwd_CToC_64fc_I", zelsFFTFwd_CToC_64fc_I);
+    rows<R32f>(run, "zelsFFTFwd_RToPerm_32f", zelsFFTFwd_RToPerm_32f);
+    rows<R32f>(run, "zelsFFTFwd_RToPerm_32f_I", zelsFFTFwd_RToPerm_32f_I);
+    rows<R64f>(run, "zelsFFTFwd_RToPerm_64f", zelsFFTFwd_RToPerm_64f);
 });
 
-// What a plan costs, in a call of Init; FFTW's planning by estimate does the same work for its user.
-const bench::Family planning("Fourier transform plans", [](bench::Run& run) {
+// Beyond what MEASURE plans in reasonable time.
+const bench::Family largest("Fourier transforms, largest", [](bench::Run& run) {
+    rows<C32fc>(run, "zelsFFTFwd_CToC_32fc", zelsFFTFwd_CToC_32fc, 23, 26);
+    rows<C32fc>(run, "zelsFFTFwd_CToC_32fc_I", zelsFFTFwd_CToC_32fc_I, 23, 26);
+    rows<C64fc>(run, "zelsFFTFwd_CToC_64fc", zelsFFTFwd_CToC_64fc, 23, 25);
+    rows<R32f>(run, "zelsFFTFwd_RToPerm_32f", zelsFFTFwd_RToPerm_32f, 23, 26);
+});
+
+// Two arrays beside interleaved pairs.
+template <class Split, class Interleaved, class Function, class Peer>
+void splitRows(bench::Run& run, const char* name, Function function, Peer interleaved)
+{
+    using T = typename Split::T;
+    for (int order = 3; order <= highestMeasured; order++) {
+        const ZelSize length = ZelSize{1} << order;
+        Planned<Split> own(order);
+        Planned<Interleaved> other(order);
+        const Zeros<T> re(length), im(length), toRe(length), toIm(length);
+        const Zeros<typename Interleaved::E> src(length), dst(length);
+        run.row(
+            name, length, {.flops = 5.0 * order},
+            [=, re = re.get(), im = im.get(), toRe = toRe.get(), toIm = toIm.get(), plan = own.plan,
+             buffer = own.buffer()] { function(re, im, toRe, toIm, plan, buffer); },
+            bench::peer("zels interleaved",
+                        [=, src = src.get(), dst = dst.get(), plan = other.plan, buffer = other.buffer()] {
+                            interleaved(src, dst, plan, buffer);
+                        }));
+    }
+}
+
+const bench::Family split("Fourier transforms of two arrays", [](bench::Run& run) {
+    splitRows<C32f, C32fc>(run, "zelsFFTFwd_CToC_32f", zelsFFTFwd_CToC_32f, zelsFFTFwd_CToC_32fc);
+    splitRows<C64f, C64fc>(run, "zelsFFTFwd_CToC_64f", zelsFFTFwd_CToC_64f, zelsFFTFwd_CToC_64fc);
+});
+
+// What a plan costs: a call of Init beside one transform, and beside planning by ESTIMATE, which does the same for a user
+// of FFTW. What that has learnt is forgotten each time, as by a user who plans an order once.
+template <class F, class Function>
+void planRows(bench::Run& run, const char* name, Function function)
+{
+    using E = typename F::E;
     for (int order = 6; order <= 20; order++) {
         const ZelSize length = ZelSize{1} << order;
-        int planSize = 0, initSize = 0, workSize = 0;
-        zelsFFTGetSize_C_32fc(order, zelFftScaleNone, zelHintNone, &planSize, &initSize, &workSize);
-        bench::Array<Zel8u> plan(planSize), init(initSize + 64), work(workSize + 64);
-        bench::Array<Zel32fc> src(length), dst(length);
-        const auto initialise = [=, memory = plan.get(), other = init.get()] {
-            ZelsFftPlan_C_32fc* made = nullptr;
-            zelsFFTInit_C_32fc(&made, order, zelFftScaleNone, zelHintNone, memory, other);
-            return made;
-        };
-        ZelsFftPlan_C_32fc* const made = initialise();
+        Planned<F> own(order);
+        const Zeros<E> src(length + 2), dst(length + 2);
         const auto transform =
-            bench::peer("one transform", [=, from = src.get(), to = dst.get(), buffer = work.get()] {
-                zelsFFTFwd_CToC_32fc(from, to, made, buffer);
-            });
+            bench::peer("one transform", [=, src = src.get(), dst = dst.get(), plan = own.plan,
+                                          buffer = own.buffer()] { function(src, dst, plan, buffer); });
+        const auto make = [&own, order] { own.make(order); };
 #if BENCH_HAS_FFTW && BENCH_HAS_FFTWF
-        const auto estimate = bench::peer("FFTW estimate", [=, from = src.get(), to = dst.get()] {
-            fftwf_forget_wisdom();
-            fftwf_cleanup();
-            fftwf_destroy_plan(
-                fftwf_plan_dft_1d(static_cast<int>(length), reinterpret_cast<fftwf_complex*>(from),
-                                  reinterpret_cast<fftwf_complex*>(to), FFTW_FORWARD, FFTW_ESTIMATE));
-        });
-        run.row(
-            "zelsFFTInit_C_32fc", length, {}, [=] { initialise(); }, transform, estimate);
+        using T = typename F::T;
+        const auto& fftw = builds<T>().wide;
+        auto* const in = reinterpret_cast<T*>(src.get());
+        auto* const out = reinterpret_cast<T*>(dst.get());
+        run.row(name, length, {}, make, transform, bench::peer("FFTW, ESTIMATE", [=, &fftw] {
+                    fftw.forget();
+                    fftw.destroy(planned<F>(fftw, order, in, out, FFTW_ESTIMATE));
+                }));
 #else
-        run.row("zelsFFTInit_C_32fc", length, {}, [=] { initialise(); }, transform);
+        run.row(name, length, {}, make, transform);
 #endif
     }
+}
+
+const bench::Family planning("Fourier transforms, plans", [](bench::Run& run) {
+    planRows<C32fc>(run, "zelsFFTInit_C_32fc", zelsFFTFwd_CToC_32fc);
+    planRows<C64fc>(run, "zelsFFTInit_C_64fc", zelsFFTFwd_CToC_64fc);
+    planRows<R32f>(run, "zelsFFTInit_R_32f", zelsFFTFwd_RToPerm_32f);
 });
 
 } // namespace
