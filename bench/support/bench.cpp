@@ -39,6 +39,11 @@ std::map<std::string, void (*)(Run&)>& families()
     return all;
 }
 
+bool asked(ZelSize length)
+{
+    return options.lengths.empty() || std::ranges::count(options.lengths, length) != 0;
+}
+
 double median(std::vector<double> values)
 {
     std::sort(values.begin(), values.end());
@@ -71,14 +76,18 @@ Run::Run(std::string familyName) : family(std::move(familyName)), chosen{8, 13, 
 std::vector<ZelSize> Run::lengths() const
 {
     std::vector<ZelSize> list = chosen;
-    if (!options.lengths.empty())
-        std::erase_if(list, [](ZelSize n) { return std::ranges::count(options.lengths, n) == 0; });
+    std::erase_if(list, [](ZelSize n) { return !asked(n); });
     return list;
 }
 
 bool Run::wants(const std::string& function) const
 {
     return std::regex_search(family + ": " + function, std::regex(options.filter, std::regex::icase));
+}
+
+bool Run::measures(const std::string& function, ZelSize length) const
+{
+    return !options.list && asked(length) && wants(function);
 }
 
 void Run::compare(const std::string& function, const std::string& rival, const std::vector<double>& expected,
@@ -100,7 +109,7 @@ void Run::compare(const std::string& function, const std::string& rival, const s
 void Run::measure(const std::string& function, ZelSize length, Work work,
                   const std::vector<Contestant>& contestants)
 {
-    if (!options.lengths.empty() && std::ranges::count(options.lengths, length) == 0)
+    if (!asked(length))
         return;
     if (options.list) {
         std::printf("%s: %s, %lld\n", family.c_str(), function.c_str(), static_cast<long long>(length));

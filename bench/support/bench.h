@@ -75,6 +75,9 @@ class Run {
     /// Whether the command line asks for this function: worth a test before a costly set-up.
     bool wants(const std::string& function) const;
 
+    /// Whether this row will be measured, and not just named: where the set-up takes seconds.
+    bool measures(const std::string& function, ZelSize length) const;
+
     /// One row: a call of the zels function on `length` elements beside its peers.
     template <class Zels, class... Peers>
     void row(const std::string& function, ZelSize length, Work work, Zels zels, Peers... peers)

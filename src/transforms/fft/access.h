@@ -23,16 +23,20 @@ struct OwnsOne {
 /// Interleaved source.
 template <class T>
 struct OwnsPairSource {
+    static constexpr bool halfLines = false;
     const T* p;
 
     OwnsPairSource from(ZelSize i) const { return {p + 2 * i}; }
     OwnsOne<T> get(ZelSize i) const { return {ownsGet(p + 2 * i), ownsGet(p + 2 * i + 1)}; }
     OwnsPairs<T> load(ZelSize i) const { return {ownsLoad(p + 2 * i)}; }
+    void prefetch(ZelSize i) const { _mm_prefetch(reinterpret_cast<const char*>(p + 2 * i), _MM_HINT_T0); }
 };
 
 /// Source in two arrays.
 template <class T>
 struct OwnsSplitSource {
+    /// A step of the first pass takes half a line of each array.
+    static constexpr bool halfLines = true;
     const T* re;
     const T* im;
 
@@ -57,6 +61,10 @@ struct OwnsBlocks {
     T* p;
 
     OwnsBlocks from(ZelSize group) const { return {p + step * group}; }
+    void prefetch(ZelSize group) const
+    {
+        _mm_prefetch(reinterpret_cast<const char*>(p + step * group), _MM_HINT_T0);
+    }
 
     OwnsSplit<T> load(ZelSize group) const
     {
@@ -80,6 +88,12 @@ struct OwnsSplitBlocks {
         return {re + ownsLanes<T> * group, im + ownsLanes<T> * group};
     }
 
+    void prefetch(ZelSize group) const
+    {
+        _mm_prefetch(reinterpret_cast<const char*>(re + ownsLanes<T> * group), _MM_HINT_T0);
+        _mm_prefetch(reinterpret_cast<const char*>(im + ownsLanes<T> * group), _MM_HINT_T0);
+    }
+
     OwnsSplit<T> load(ZelSize group) const
     {
         return {ownsLoad(re + ownsLanes<T> * group), ownsLoad(im + ownsLanes<T> * group)};
@@ -95,6 +109,7 @@ struct OwnsSplitBlocks {
 /// values whose parts are exchanged, and exchanges them back here.
 template <class T, bool inverse, bool scaled>
 struct OwnsPairSink {
+    static constexpr bool split = false;
     T* p;
     T scale;
 
@@ -121,6 +136,7 @@ struct OwnsPairSink {
 /// Destination of a last pass in two arrays.
 template <class T, bool scaled>
 struct OwnsSplitSink {
+    static constexpr bool split = true;
     T* re;
     T* im;
     T scale;

@@ -63,33 +63,47 @@ inline OwnsSplit<T> ownsCircle()
     return {ownsSplat(re), ownsSplat(im)};
 }
 
+/// x turned by that constant.
+template <int k, int order, class T>
+inline OwnsSplit<T> ownsTurnedBy(OwnsSplit<T> x)
+{
+    return x * ownsCircle<T, k, order>();
+}
+template <int k, int order, class T>
+inline OwnsPairs<T> ownsTurnedBy(OwnsPairs<T> x)
+{
+    constexpr auto re = static_cast<T>(ownsExactCosine(k, order));
+    constexpr auto im = static_cast<T>(ownsExactSine(k, order));
+    return x * re + ownsQuarterTurn(x) * im;
+}
+
 /// The second half of a transform of 16: four of 4 across, with their constant twiddles. x[a] is a finished
 /// transform of 4, of those in bit-reversed order; x[a][k] becomes output 4 a + k of the whole.
-template <int k, class T>
-[[gnu::always_inline]] inline void ownsButterflyAcross(OwnsSplit<T> (&x)[4][4])
+template <int k, class T, template <class> class X>
+[[gnu::always_inline]] inline void ownsButterflyAcross(X<T> (&x)[4][4])
 {
     constexpr auto factor = static_cast<T>(ownsSqrtHalf);
-    const OwnsSplit<T> a = x[0][k];
-    OwnsSplit<T> b = x[1][k];
-    OwnsSplit<T> c = x[2][k];
-    OwnsSplit<T> d = x[3][k];
+    const X<T> a = x[0][k];
+    X<T> b = x[1][k];
+    X<T> c = x[2][k];
+    X<T> d = x[3][k];
     // Twiddles of index 2 k, k and 3 k. Turns by quarters and signs are left to the sums behind them.
     if constexpr (k == 1) {
         b = ownsMinusI(b, b) * factor;
-        c = c * ownsCircle<T, 1, 4>();
-        d = d * ownsCircle<T, 3, 4>();
+        c = ownsTurnedBy<1, 4>(c);
+        d = ownsTurnedBy<3, 4>(d);
     } else if constexpr (k == 2) {
         c = ownsMinusI(c, c) * factor;
         d = ownsPlusI(d, d) * factor;
     } else if constexpr (k == 3) {
         b = ownsPlusI(b, b) * factor;
-        c = c * ownsCircle<T, 3, 4>();
-        d = d * ownsCircle<T, 1, 4>();
+        c = ownsTurnedBy<3, 4>(c);
+        d = ownsTurnedBy<1, 4>(d);
     }
-    const OwnsSplit<T> evenSum = k == 2 ? ownsMinusI(a, b) : k == 3 ? a - b : a + b;
-    const OwnsSplit<T> evenDiff = k == 2 ? ownsPlusI(a, b) : k == 3 ? a + b : a - b;
-    const OwnsSplit<T> oddSum = k < 2 ? c + d : c - d;
-    const OwnsSplit<T> oddDiff = k < 2 ? c - d : c + d;
+    const X<T> evenSum = k == 2 ? ownsMinusI(a, b) : k == 3 ? a - b : a + b;
+    const X<T> evenDiff = k == 2 ? ownsPlusI(a, b) : k == 3 ? a + b : a - b;
+    const X<T> oddSum = k < 2 ? c + d : c - d;
+    const X<T> oddDiff = k < 2 ? c - d : c + d;
     x[0][k] = evenSum + oddSum;
     x[1][k] = ownsMinusI(evenDiff, oddDiff);
     x[2][k] = evenSum - oddSum;

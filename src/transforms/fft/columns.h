@@ -139,6 +139,10 @@ void ownsColumns(Work work, Out out, int leaf, int columns, int widthOrder, cons
         const auto from = work.from(t * groups);
         const auto first = [&]<int order>(std::integral_constant<int, order>) {
             for (ZelSize i = 0; i < rows; i += 1 << order) {
+                // The rows of the next butterflies lie pages apart: ask for them in time. A line is two groups.
+                for (ZelSize r = i + (1 << order); r < rows && r < i + (2 << order); r++)
+                    for (ZelSize g = 0; g < groups; g += 2)
+                        from.prefetch(r * rowGroups + g);
                 const OwnsTileTwiddles<T> twiddles{table.fine + i * groups * 2 * lanes,
                                                    coarse + i * ownsConstantStep<T>, groups};
                 ownsPass<order>(from.from(i * rowGroups), rowGroups, tile.from(i * groups), groups, twiddles,

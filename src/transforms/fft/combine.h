@@ -30,9 +30,9 @@ void ownsFftLeavesReordered(Source src, OwnsBlocks<T> work, const OwnsFftPlan<T>
         const auto from = src.from(ZelSize{set} * ownsFftLine<T>);
         const auto to = work.from(ownsReversed(set, setOrder) * leafGroups);
         if (OwnsFftPasses::first(leaf) == 3)
-            ownsFirstPass<3, inverse>(from, length / 8, plan.bitRev, steps, to, apart);
+            ownsFirstPass<3, inverse, true>(from, length / 8, plan.bitRev, steps, to, apart);
         else
-            ownsFirstPass<2, inverse>(from, length / 8, plan.bitRev, steps, to, apart);
+            ownsFirstPass<2, inverse, true>(from, length / 8, plan.bitRev, steps, to, apart);
         for (int i = 0; i < ownsFftLine<T>; i++)
             ownsFftLeaf(to.from(i * apart), plan, leaf);
     }

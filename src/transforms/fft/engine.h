@@ -63,6 +63,13 @@ void ownsFftRun(Source src, Sink sink, OwnsBlocks<T> work, const OwnsFftPlan<T>&
     const int last = OwnsFftPasses::radixOrderBefore(order, order);
     ownsFftMiddle(work, first, order - last, ZelSize{1} << last, plan.twiddles, order);
     const T* pTwiddles = plan.twiddles + OwnsFftPasses::offset(order, order - last);
+    if (Sink::split && length * static_cast<ZelSize>(sizeof(T)) >= ZelSize{8} * 4096) {
+        // Sixteen rows of two destinations would fall on the same lines of the first-level cache.
+        ownsFftMiddle(work, order - last, order, 1, plan.twiddles, order);
+        for (ZelSize g = 0; g < length / ownsLanes<T>; g++)
+            sink.store(g, work.load(g));
+        return;
+    }
     if (last == 4)
         ownsLastPass<4>(work, sink, length, pTwiddles);
     else

@@ -110,14 +110,22 @@ template <int radixOrder, bool inverse, class T, class Store>
 /// The first pass with the reordering. The source is a matrix of 8 rows; pIndex lists the columns at which
 /// the steps begin. A step takes one line of columns from each row, so that every line of the source is used
 /// up while it is at hand, and leaves for each column eight consecutive values; those of different columns
-/// lie leafGroups groups apart, in bit-reversed order of the columns.
-template <int radixOrder, bool inverse, class T, class Source>
+/// lie leafGroups groups apart, in bit-reversed order of the columns. Where the source is long, `ahead` asks for
+/// the lines of a later step: no two of them share a page, so that no processor sees them coming.
+template <int radixOrder, bool inverse, bool ahead = false, class T, class Source>
 inline void ownsFirstPass(Source src, ZelSize rowStride, const Zel32s* pIndex, ZelSize steps,
                           OwnsBlocks<T> work, ZelSize leafGroups)
 {
     constexpr int radix = 1 << radixOrder;
     constexpr int values = OwnsPairs<T>::values;
-    for (ZelSize i = 0; i < steps; i++, work = work.from(8 / ownsLanes<T>)) {
+    for (ZelSize n = 0; n < steps; n++) {
+        // The step that takes the other half of the same lines is half of all steps away.
+        const ZelSize i = Source::halfLines ? n % 2 * (steps / 2) + n / 2 : n;
+        const auto to = work.from(i * (8 / ownsLanes<T>));
+        if constexpr (ahead) {
+            const ZelSize at = pIndex[i + 3 < steps ? i + 3 : i];
+            ownsEach<8>([&](auto d) OWNS_INLINE { src.prefetch(at + d * rowStride); });
+        }
         ownsEach<ownsFftLine<T> / values>([&](auto pair) OWNS_INLINE {
             const ZelSize at = pIndex[i] + pair * values;
             OwnsPairs<T> x[8 / radix][radix];
@@ -127,7 +135,7 @@ inline void ownsFirstPass(Source src, ZelSize rowStride, const Zel32s* pIndex, Z
             ownsFirstButterflies<radixOrder, inverse, T>(
                 x, [&](auto v, auto b, OwnsSplit<T> group) OWNS_INLINE {
                     constexpr int leaf = ownsReversed(pair * values + v, ownsFftLineOrder<T>);
-                    work.store(leaf * leafGroups + b, group);
+                    to.store(leaf * leafGroups + b, group);
                 });
         });
     }

@@ -66,6 +66,47 @@ template <bool inverse, int order, class T>
     ownsPut(pDst + 1, a - b);
 }
 
+/// Takes the groups of a straight-line kernel where they are wanted in registers.
+template <class T, bool scaled>
+struct OwnsGroupSink {
+    OwnsSplit<T>* groups;
+    T scale;
+
+    void store(ZelSize group, OwnsSplit<T> x) const { groups[group] = scaled ? x * scale : x; }
+};
+
+inline OwnsVec<Zel32f> ownsBackwards(OwnsVec<Zel32f> v)
+{
+    return _mm_shuffle_ps(v, v, 0x1B);
+}
+inline OwnsVec<Zel64f> ownsBackwards(OwnsVec<Zel64f> v)
+{
+    return _mm_shuffle_pd(v, v, 1);
+}
+
+/// The values behind the first of two vectors, up to the first of the second.
+template <class T>
+inline OwnsVec<T> ownsNextValues(OwnsVec<T> a, OwnsVec<T> b)
+{
+    return ownsAs<T>(_mm_alignr_epi8(ownsInt(b), ownsInt(a), sizeof(T)));
+}
+
+/// The forward transform whose half is two groups. They stay in registers: in memory the recombination would read
+/// across the places where they were just written, and wait for both.
+template <int order, bool scaled, class T>
+[[gnu::always_inline]] inline void ownsRealStraightTwoGroups(const T* pSrc, T* pDst, T scale)
+{
+    OwnsSplit<T> z[2];
+    ownsStraightMatrix<order - 1, false, T>(OwnsPairSource<T>{pSrc}, OwnsGroupSink<T, scaled>{z, scale});
+    const OwnsSplit<T> a{ownsNextValues<T>(z[0].re, z[1].re), ownsNextValues<T>(z[0].im, z[1].im)};
+    const OwnsSplit<T> b = ownsConj(OwnsSplit<T>{ownsBackwards(z[1].re), ownsBackwards(z[1].im)});
+    const OwnsSplit<T> turned = OwnsRecombConstants<T, order, false>::factor(0) * (a - b);
+    ownsStoreGroup(pDst + 2, b + turned);
+    ownsStoreReversed(pDst + 2 * ownsLanes<T>, ownsConj(a - turned));
+    ownsPut(pDst, z[0].re[0] + z[0].im[0]);
+    ownsPut(pDst + 1, z[0].re[0] - z[0].im[0]);
+}
+
 /// A real transform of a short order, forward into the Perm layout or inverse from it.
 template <int order, bool inverse, bool scaled, class T>
 [[gnu::always_inline]] inline void ownsRealStraightOf(const T* pSrc, T* pDst, T scale)
@@ -79,7 +120,9 @@ template <int order, bool inverse, bool scaled, class T>
         ownsPut(pDst + 1, scaled ? (a - b) * scale : a - b);
     } else {
         alignas(16) T half[1 << order];
-        if constexpr (inverse) {
+        if constexpr (!inverse && order > 3 && (1 << order) == 4 * ownsLanes<T>) {
+            ownsRealStraightTwoGroups<order, scaled>(pSrc, pDst, scale);
+        } else if constexpr (inverse) {
             ownsRecombineStraight<true, order>(pSrc, half);
             ownsStraight<true, T>(order - 1, OwnsPairSource<T>{half},
                                   OwnsPairSink<T, false, scaled>{pDst, scale});

@@ -88,6 +88,30 @@ template <bool inverse, class T, class Source, class Sink>
     }
 }
 
+/// Orders 3 and 4 by pairs, where a vector is one value and nothing needs to be turned.
+template <bool inverse, class T, class Source, class Sink>
+[[gnu::always_inline]] inline void ownsStraightEight(Source src, Sink sink)
+{
+    OwnsPairs<T> x[8];
+    ownsEach<8>([&](auto d) OWNS_INLINE { x[d] = src.load(ownsReversed(d, 3)); });
+    ownsButterfly(x);
+    ownsEach<8>([&](auto k) OWNS_INLINE { sink.storePairs(k, x[ownsOutput<inverse>(k, 8)]); });
+}
+template <bool inverse, class T, class Source, class Sink>
+[[gnu::always_inline]] inline void ownsStraightSixteen(Source src, Sink sink)
+{
+    OwnsPairs<T> x[4][4];
+    ownsEach<4>([&](auto a) OWNS_INLINE {
+        ownsEach<4>([&](auto d) OWNS_INLINE { x[a][d] = src.load(ownsReversed(4 * a + d, 4)); });
+        ownsButterfly(x[a]);
+    });
+    ownsEach<4>([&](auto k) OWNS_INLINE {
+        ownsButterflyAcross<k>(x);
+        ownsEach<4>([&](auto a)
+                        OWNS_INLINE { sink.storePairs(ownsOutput<inverse>(4 * a + k, 16), x[a][k]); });
+    });
+}
+
 /// The kernel of an order, as a choice at run time.
 template <bool inverse, class T, class Source, class Sink>
 [[gnu::always_inline]] inline void ownsStraight(int order, Source src, Sink sink)
@@ -107,10 +131,16 @@ template <bool inverse, class T, class Source, class Sink>
         ownsStraightFour<inverse, T>(src, sink);
         break;
     case 3:
-        ownsStraightMatrix<3, inverse, T>(src, sink);
+        if constexpr (OwnsPairs<T>::values == 1)
+            ownsStraightEight<inverse, T>(src, sink);
+        else
+            ownsStraightMatrix<3, inverse, T>(src, sink);
         break;
     case 4:
-        ownsStraightMatrix<4, inverse, T>(src, sink);
+        if constexpr (OwnsPairs<T>::values == 1)
+            ownsStraightSixteen<inverse, T>(src, sink);
+        else
+            ownsStraightMatrix<4, inverse, T>(src, sink);
         break;
     default:
         ownsStraightMatrix<5, inverse, T>(src, sink);
