@@ -88,7 +88,9 @@ const bench::Family sums("Sums", [](bench::Run& run) {
         run.row(
             "zelsStdDev_32f, fast", n, {.bytes = 4}, [&, n] { zelsStdDev_32f(p, n, &dev, zelHintFast); },
             peer("SSE loop in doubles", [&, n] { bench::handMeanStdDev_32f(p, n, &sum, &dev); }));
-        run.row("zelsSumLn_32f", n, {.bytes = 4}, [&, n] { zelsSumLn_32f(p, n, &sum); });
+        Array<Zel32f> positive(n);
+        zelsAbs_32f_I(positive, n);
+        run.row("zelsSumLn_32f", n, {.bytes = 4}, [&, n] { zelsSumLn_32f(positive, n, &sum); });
     }
 });
 

@@ -100,10 +100,17 @@ inline ZelSize ownsBefore(int bytes, const T* p, ZelSize len)
 
 // Elements as doubles, exactly.
 
-/// Two floats.
+/// Two floats. The conversion reads its memory itself: of a register it would cost a shuffle besides, and compilers load
+/// first.
 inline OwnsF64x2 ownsWidePair(const Zel32f* p)
 {
-    return _mm_cvtps_pd(ownsTake<Zel64f>(p));
+    struct [[gnu::packed, gnu::may_alias]] Pair
+    {
+        Zel32f v[2];
+    };
+    OwnsF64x2 wide;
+    asm("cvtps2pd %1, %0" : "=x"(wide) : "m"(*reinterpret_cast<const Pair*>(p)));
+    return wide;
 }
 /// One float in the low lane. The zero in the high lane may be added to any running sum without a trace: one
 /// that starts at +0 becomes -0 only where the rounding mode keeps it there.
