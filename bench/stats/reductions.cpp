@@ -49,7 +49,7 @@ BENCH_PLAIN void plainSum_16s(const Zel16s* a, int n, Zel32s* sum)
     *sum = static_cast<Zel32s>(total >> 16);
 }
 
-const std::vector<ZelSize> lengths{64, 1024, 16384, 4 << 20};
+const std::vector<ZelSize> lengths{64, 512, 1024, 2048, 4096, 16384, 4 << 20};
 
 const bench::Family sums("Sums", [](bench::Run& run) {
     run.lengths(lengths);

@@ -61,10 +61,11 @@ template <int n, class Running, class Add>
 template <class Body>
 [[gnu::always_inline]] inline void ownsBlocks(ZelSize n, ZelSize i, ZelSize len, Body body)
 {
-    for (; i + n < len; i += n)
-        body(i, i + n);
-    if (i < len)
-        body(i, len);
+    while (i < len) {
+        const ZelSize to = len - i < n ? len : i + n;
+        body(i, to);
+        i = to;
+    }
 }
 
 /// All elements from `from` to `to` where order is free: `add(running, x...)` takes a vector of each source,
