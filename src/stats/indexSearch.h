@@ -161,16 +161,17 @@ class OwnsParts {
         return ownsLaneFold<T>(OwnsBest<Order, V>(all)).best;
     }
 
-    /// Where a value that the fold gave first stands.
+    /// Where a value that the fold gave first stands. It is no NaN, and a zero only among magnitudes: there a number that
+    /// the caller has count as zero may stand before the zero.
     ZelSize find(T value) const
     {
         const V wanted = ownsSplat(value);
         ZelSize start = from;
-        for (int n = 0; start < to; n++, start += length)
-            if (_mm_movemask_epi8(OwnsSameBits::of<T>(folds[n], wanted)) != 0)
+        for (int n = 0; start + length < to; n++, start += length)
+            if (_mm_movemask_epi8(OwnsSameValue::of<T>(folds[n], wanted)) != 0)
                 break;
         const ZelSize end = start + length < to ? start + length : to;
-        return ownsFoldAt<View>(p, start, end, value);
+        return ownsIndexOf<OwnsSameValue, View>(p, start, end, value, start);
     }
 
   private:

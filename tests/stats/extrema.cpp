@@ -284,6 +284,9 @@ TEST(Extrema, findsSubnormalsThatCountAsZeros)
     const support::FloatMode flush(support::flushMode);
     ASSERT_EQ(zelsMaxIndx_32f(x.data(), 4096, &value, &index), zelStatusOk);
     EXPECT_EQ(index, 3000);
+    x[3007] = 0; // ties with the subnormal number
+    ASSERT_EQ(zelsMinAbsIndx_32f(x.data(), 4096, &value, &index), zelStatusOk);
+    EXPECT_EQ(index, 3000);
 }
 
 TEST(Extrema, canDoWithoutAnIndex)
