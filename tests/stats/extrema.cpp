@@ -301,35 +301,6 @@ TEST(Extrema, canDoWithoutAnIndex)
     expectSameWithoutIndex<Zel16s>(zelsMinAbsIndx_16s, zelsMinAbs_16s);
 }
 
-TEST(Extrema, carriesIndicesAcrossChunks)
-{
-    constexpr ZelSize chunk = support::longChunk<Zel32f>;
-    support::LongArray<Zel32f> x(2 * chunk + 1000);
-    const auto boundary = x.window(chunk - 10, 20);
-    const auto last = x.window(2 * chunk + 500, 8);
-    float value{};
-    ZelSize index{};
-    // Zeros everywhere else; the first of equal peaks lies in the second chunk.
-    boundary[12] = 3;
-    last[0] = 3;
-    ASSERT_EQ(zelsMaxIndx_32f_L(x.data(), 2 * chunk + 1000, &value, &index), zelStatusOk);
-    EXPECT_EQ(value, 3);
-    EXPECT_EQ(index, chunk + 2);
-    last[1] = -4;
-    last[2] = -4;
-    float min{};
-    ZelSize minIndex{};
-    ASSERT_EQ(zelsMinMaxIndx_32f_L(x.data(), 2 * chunk + 1000, &min, &minIndex, &value, &index), zelStatusOk);
-    EXPECT_EQ(min, -4);
-    EXPECT_EQ(minIndex, 2 * chunk + 501);
-    EXPECT_EQ(index, chunk + 2);
-    ASSERT_EQ(zelsMaxAbsIndx_32f_L(x.data(), 2 * chunk + 1000, &value, &index), zelStatusOk);
-    EXPECT_EQ(value, 4);
-    EXPECT_EQ(index, 2 * chunk + 501);
-    ASSERT_EQ(zelsMin_32f_L(x.data(), 2 * chunk + 1000, &value), zelStatusOk);
-    EXPECT_EQ(value, -4);
-}
-
 TEST(Extrema, refusesBadArguments)
 {
     badArguments(EXPORTS(zelsMax_16s, zelsMax_32s, zelsMax_32f, zelsMax_32f_L, zelsMax_64f, zelsMax_64f_L,

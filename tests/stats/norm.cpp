@@ -179,23 +179,25 @@ TEST(Norm, keepsNaNsApart)
 
 TEST(Norm, of16BitData)
 {
+    const auto scaled = [](const SweepOptions& options, int factor) {
+        constexpr auto first = LengthIs::first;
+        sweep<first>(shiftedNorm<inf>, EXPORTS(zelsNorm_Inf_16s32s_Sfs), options, factor);
+        sweep<first>(shiftedNorm<l1>, EXPORTS(zelsNorm_L1_16s32s_Sfs, zelsNorm_L1_16s64s_Sfs), options,
+                     factor);
+        sweep<first>(shiftedNorm<squares>, EXPORTS(zelsNorm_L2Sqr_16s64s_Sfs), options, factor);
+        sweep<first>(root, EXPORTS(zelsNorm_L2_16s32s_Sfs), options, factor);
+        sweep<first>(shiftedNormDiff<inf>, EXPORTS(zelsNormDiff_Inf_16s32s_Sfs), options, factor);
+        sweep<first>(shiftedNormDiff<l1>, EXPORTS(zelsNormDiff_L1_16s32s_Sfs, zelsNormDiff_L1_16s64s_Sfs),
+                     options, factor);
+        sweep<first>(shiftedNormDiff<squares>, EXPORTS(zelsNormDiff_L2Sqr_16s64s_Sfs), options, factor);
+        sweep<first>(rootDiff, EXPORTS(zelsNormDiff_L2_16s32s_Sfs), options, factor);
+    };
     for (const int factor :
-         {0,         1,  2,  7,  15,  16,  17,  30,  31,  32,  33,  47,  62,  63,  64,       65,
-          INT32_MAX, -1, -2, -7, -15, -16, -17, -30, -31, -32, -33, -62, -63, -64, INT32_MIN}) {
-        const SweepOptions options{.around = {65536}, .modes = Modes::rounding, .repeats = 1};
-        sweep<LengthIs::first>(shiftedNorm<inf>, EXPORTS(zelsNorm_Inf_16s32s_Sfs), options, factor);
-        sweep<LengthIs::first>(shiftedNorm<l1>, EXPORTS(zelsNorm_L1_16s32s_Sfs, zelsNorm_L1_16s64s_Sfs),
-                               options, factor);
-        sweep<LengthIs::first>(shiftedNorm<squares>, EXPORTS(zelsNorm_L2Sqr_16s64s_Sfs), options, factor);
-        sweep<LengthIs::first>(root, EXPORTS(zelsNorm_L2_16s32s_Sfs), options, factor);
-        sweep<LengthIs::first>(shiftedNormDiff<inf>, EXPORTS(zelsNormDiff_Inf_16s32s_Sfs), options, factor);
-        sweep<LengthIs::first>(shiftedNormDiff<l1>,
-                               EXPORTS(zelsNormDiff_L1_16s32s_Sfs, zelsNormDiff_L1_16s64s_Sfs), options,
-                               factor);
-        sweep<LengthIs::first>(shiftedNormDiff<squares>, EXPORTS(zelsNormDiff_L2Sqr_16s64s_Sfs), options,
-                               factor);
-        sweep<LengthIs::first>(rootDiff, EXPORTS(zelsNormDiff_L2_16s32s_Sfs), options, factor);
-    }
+         {0,  1,  2,  7,   15,  16,  17,  30,  31,  32,  33,  47,  62,  63,        64,       65,
+          -1, -2, -7, -15, -16, -17, -30, -31, -32, -33, -62, -63, -64, INT32_MAX, INT32_MIN})
+        scaled({.lengths = {1000}, .modes = Modes::rounding, .repeats = 1}, factor);
+    for (const int factor : {0, 3, -5}) // above 65,536 elements the sums are put together from blocks
+        scaled({.around = {65536}, .repeats = 1}, factor);
     sweep(asFloat<inf>, EXPORTS(zelsNorm_Inf_16s32f));
     sweep(asFloat<l1>, EXPORTS(zelsNorm_L1_16s32f));
     sweep(asFloat<squares>, EXPORTS(zelsNorm_L2_16s32f));
