@@ -104,6 +104,17 @@ BENCH_PLAIN inline void handDot_32f(const float* p, const float* q, int len, flo
     *dot = s;
 }
 
+/// The bound of six running sums: a sixth of the length in additions, each of which waits for the one before.
+BENCH_PLAIN inline void additionsInARow(int additions, float* sum)
+{
+    __m128 s = _mm_set1_ps(*sum);
+    for (int i = 0; i < additions; i++) {
+        s = _mm_add_ps(s, s);
+        asm volatile("" : "+x"(s)); // an addition a turn
+    }
+    *sum = _mm_cvtss_f32(s);
+}
+
 BENCH_PLAIN inline void handDot_64f(const double* p, const double* q, int len, double* dot)
 {
     __m128d a[4] = {};

@@ -108,9 +108,9 @@ const bench::Family dots("Dot products", [](bench::Run& run) {
         Zel64s exact;
         Zel64sc exacts;
         Zel32fc dotc;
-        // Six sums take one addition each a round: the latency of an addition times a sixth of the length.
         run.row(
             "zelsDotProd_32f", n, {.bytes = 8}, [&, n] { zelsDotProd_32f(x, y, n, &dot); },
+            peer("bound of its order", [&, n] { bench::additionsInARow(n / 6, &dot); }),
             peer("SSE loop in another order", [&, n] { bench::handDot_32f(x, y, n, &dot); }),
             BENCH_VOLK("VOLK SSE",
                        [&, n] { volk_32f_x2_dot_prod_32f_u_sse(&dot, x, y, static_cast<unsigned>(n)); }));
