@@ -4,9 +4,9 @@
 // before a boundary, rounds over several running values, a fold, rounds over fewer, single elements.
 // Floating-point sums promise that order to the bit, so it stands in the family's code, one line a stage:
 //
-//     ZelSize i = ownsRounds<2>(a, 0, len, add);          // pairs: eight elements a round where a has four
-//     values OwnsF64x2 b[2] = {a[0] + a[2], a[1] + a[3]}; i = ownsRounds<2>(b, i, len, add); // four elements
-//     a round
+//     ZelSize i = ownsRounds<2>(a, 0, len, add); // pairs: eight elements a round where a has four values
+//     OwnsF64x2 b[2] = {a[0] + a[2], a[1] + a[3]};
+//     i = ownsRounds<2>(b, i, len, add);         // four elements a round
 //
 // `add(running, i)` takes into one running value the group of elements that begins at i. A running value is
 // whatever the reduction keeps: a vector, or a record of vectors (a sum and a sum of squares, a minimum and a
