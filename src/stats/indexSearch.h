@@ -70,7 +70,7 @@ struct OwnsSameValue {
 template <class Same, class View, class T>
 inline ZelSize ownsIndexOf(const T* p, ZelSize from, ZelSize to, T value, ZelSize none)
 {
-    constexpr int lanes = ownsLanes<T>;
+    constexpr ZelSize lanes = ownsLanes<T>;
     const OwnsVec<T> wanted = ownsSplat(value);
     const auto equal = [&](ZelSize at) { return Same::template of<T>(View::of(ownsLoad(p + at)), wanted); };
     const auto place = [](Zel64u mask) { return std::countr_zero(mask) / static_cast<int>(sizeof(T)); };
