@@ -1,0 +1,122 @@
+// What the kernels of vector mathematics share: short names for their vectors, and the steps on bits.
+#pragma once
+
+#include "frame/vec.h"
+
+using OwnsF4 = OwnsVec<Zel32f>;
+using OwnsF2 = OwnsVec<Zel64f>;
+using OwnsU4 = OwnsVec<Zel32u>;
+using OwnsU2 = OwnsVec<Zel64u>;
+
+/// On a namespace: its objects belong to the library, and are reached without the dynamic linker's table.
+#define OWNS_INTERNAL __attribute__((visibility("hidden")))
+
+inline OwnsU4 ownsBits(OwnsF4 x)
+{
+    return ownsAs<Zel32u>(x);
+}
+inline OwnsU2 ownsBits(OwnsF2 x)
+{
+    return ownsAs<Zel64u>(x);
+}
+inline OwnsF4 ownsFromBits(OwnsU4 x)
+{
+    return ownsAs<Zel32f>(x);
+}
+inline OwnsF2 ownsFromBits(OwnsU2 x)
+{
+    return ownsAs<Zel64f>(x);
+}
+
+/// The same number in every lane, as a constant. Kernels take their constants from memory, out of objects that
+/// are defined elsewhere: a compiler that sees a constant repeated builds it anew, in steps that cost more.
+constexpr OwnsF4 ownsAll(Zel32f x)
+{
+    return OwnsF4{x, x, x, x};
+}
+constexpr OwnsF2 ownsAll(Zel64f x)
+{
+    return OwnsF2{x, x};
+}
+
+inline constexpr Zel32u ownsSign32 = 0x80000000u;
+inline constexpr Zel64u ownsSign64 = 0x8000000000000000u;
+
+inline OwnsU4 ownsSignOf(OwnsF4 x)
+{
+    return ownsBits(x) & ownsSign32;
+}
+inline OwnsU2 ownsSignOf(OwnsF2 x)
+{
+    return ownsBits(x) & ownsSign64;
+}
+inline OwnsU4 ownsMagnitudeBits(OwnsF4 x)
+{
+    return ownsBits(x) & ~ownsSign32;
+}
+inline OwnsU2 ownsMagnitudeBits(OwnsF2 x)
+{
+    return ownsBits(x) & ~ownsSign64;
+}
+
+// Conditions are gathered in sign bits: adding and joining integers runs where the float units do not, and one
+// branch then serves all of them.
+
+/// Sign bit set where the magnitude bits `m` (sign clear) are `limit` or more.
+inline OwnsU4 ownsAtLeast(OwnsU4 m, Zel32u limit)
+{
+    return m + (ownsSign32 - limit);
+}
+inline OwnsU2 ownsAtLeast(OwnsU2 m, Zel64u limit)
+{
+    return m + (ownsSign64 - limit);
+}
+/// Sign bit set where the magnitude bits `m` (sign clear) are less than `limit`.
+inline OwnsU4 ownsBelow(OwnsU4 m, Zel32u limit)
+{
+    return m - limit;
+}
+inline OwnsU2 ownsBelow(OwnsU2 m, Zel64u limit)
+{
+    return m - limit;
+}
+/// Whether any lane has its sign bit set.
+inline bool ownsAny(OwnsU4 conditions)
+{
+    return _mm_movemask_ps(ownsFloat(conditions)) != 0;
+}
+inline bool ownsAny(OwnsU2 conditions)
+{
+    return _mm_movemask_pd(ownsDouble(conditions)) != 0;
+}
+
+/// `a` in the lanes whose mask has its sign bit set, `b` in the others.
+template <class M>
+inline OwnsF4 ownsSelect(M mask, OwnsF4 a, OwnsF4 b)
+{
+    return _mm_blendv_ps(b, a, ownsFloat(mask));
+}
+template <class M>
+inline OwnsF2 ownsSelect(M mask, OwnsF2 a, OwnsF2 b)
+{
+    return _mm_blendv_pd(b, a, ownsDouble(mask));
+}
+
+/// Added to a value of less than a quarter of it, rounds that to an integer, which stands in the low bits.
+inline constexpr Zel32f ownsRounder32f = 0x1.8p23f;
+inline constexpr Zel64f ownsRounder64f = 0x1.8p52;
+
+/// The lanes of `x` as two integers, by way of memory: lookups that hang on them wait longer, but the two float
+/// units, which are what a kernel runs short of, have less to do than when lanes are moved out one by one.
+struct OwnsPair64 {
+    Zel64u first;
+    Zel64u second;
+};
+[[gnu::always_inline]] inline OwnsPair64 ownsThroughMemory(OwnsU2 x)
+{
+    OwnsU2 memory = x;
+    asm("" : "+m"(memory));
+    OwnsPair64 lanes;
+    __builtin_memcpy(&lanes, &memory, sizeof lanes);
+    return lanes;
+}
