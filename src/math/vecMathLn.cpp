@@ -33,11 +33,10 @@ constexpr auto makeLnTable()
         const Zel64u high = mantissa(start + step - 1);
         constexpr Zel64u one = Zel64u{1} << 53;
         Zel64u n = Zel64u{1} << 26;
+        table[i].exactBits = ~Zel64u{0};
         if (low > one || high < one) {
-            // Below 1 a little above the middle: that keeps |r| below the next power of two on the side of 1,
-            // where logarithms are least.
-            const Zel64u middle = (low + high) / 2 + (high < one ? Zel64u{1} << 37 : 0);
-            n = static_cast<Zel64u>((U128{1} << 79) / middle);
+            n = static_cast<Zel64u>((U128{1} << 79) / ((low + high) / 2));
+            table[i].exactBits <<= 27;
         }
         table[i].inverse = asDouble(n, -26);
         const SignedFraction ln = minusLn(n);

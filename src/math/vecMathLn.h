@@ -44,18 +44,19 @@ struct LnConstants64f {
 };
 extern const LnConstants64f lnConstants64f;
 
-/// An interval of the mantissa: `inverse`, of 27 bits, close to the inverse of its middle, and -ln(inverse) in
-/// two parts, the first a multiple of 2^-42.
+/// An interval of the mantissa: `inverse`, of 27 bits, close to the inverse of its middle; -ln(inverse) in two
+/// parts, the first a multiple of 2^-42; and those bits of a mantissa whose product with `inverse` is exact.
 struct alignas(32) LnEntry {
     Zel64f inverse;
     Zel64f high;
     Zel64f low;
+    Zel64u exactBits;
 };
 inline constexpr int lnIntervalBits = 7;
 extern const std::array<LnEntry, 1 << lnIntervalBits> lnTable;
 
 /// The least mantissa of the table, about 0.7051: half an interval off the grid, so that one interval has 1 in
-/// it. That one takes 1 for its inverse, and keeps small logarithms exact.
+/// it. That one takes 1 for its inverse and all bits for exact, so that r = m - 1 there.
 inline constexpr Zel64u lnTableStart = 0x3fe6900000000000u;
 
 [[gnu::always_inline]] inline OwnsF2 lnCore(OwnsU2 bits, OwnsU2 raised)
@@ -76,20 +77,23 @@ inline constexpr Zel64u lnTableStart = 0x3fe6900000000000u;
     const OwnsF2 e1 = ownsLoad(&entry1.inverse);
     const OwnsF2 inverse = _mm_shuffle_pd(e0, e1, 0);
     const OwnsF2 high = _mm_shuffle_pd(e0, e1, 3);
-    const OwnsF2 low = {entry0.low, entry1.low};
+    const OwnsF2 f0 = ownsLoad(&entry0.low);
+    const OwnsF2 f1 = ownsLoad(&entry1.low);
+    const OwnsF2 low = _mm_shuffle_pd(f0, f1, 0);
 
-    // r = m * inverse - 1: 26 bits of m make an exact product, and the difference is exact; the rest of m comes
-    // on top, the only rounding.
-    const OwnsF2 mHigh = ownsFromBits(ownsBits(m) & ~Zel64u{0x7ffffff});
-    const OwnsF2 r = (mHigh * inverse - c.one) + (m - mHigh) * inverse;
+    // r = m * inverse - 1 in two parts, the first exact.
+    const OwnsF2 mHigh = _mm_and_pd(m, _mm_shuffle_pd(f0, f1, 3));
+    const OwnsF2 rHigh = mHigh * inverse - c.one;
+    const OwnsF2 rLow = (m - mHigh) * inverse;
+    const OwnsF2 r = rHigh + rLow;
     const OwnsF2 r2 = r * r;
     const OwnsF2 tail = (c.a0 + r * c.a1) + r2 * ((c.a2 + r * c.a3) + r2 * (c.a4 + r * c.a5));
-    // k ln(2) - ln(inverse) is exact in its first part, and either 0 or more than r, so that `left` is all that
-    // the sum leaves.
+    // k ln(2) - ln(inverse) is exact in its first part, and either 0 or more than rHigh, so that `left` is all
+    // that the sum leaves.
     const OwnsF2 base = k * c.ln2High + high;
-    const OwnsF2 sum = base + r;
-    const OwnsF2 left = (base - sum) + r;
-    return sum + (left + ((k * c.ln2Low + low) + r2 * tail));
+    const OwnsF2 sum = base + rHigh;
+    const OwnsF2 left = (base - sum) + rHigh;
+    return sum + (left + ((rLow + (k * c.ln2Low + low)) + r2 * tail));
 }
 
 } // namespace owns_detail
