@@ -21,6 +21,7 @@ constexpr U128 mulHigh(U128 a, U128 b)
 
 /// A fraction in [0, 1) in units of 2^-128.
 using Fraction = U128;
+inline constexpr Fraction quarterPi = U128{0xC90FDAA22168C234u} << 64 | 0xC4C6628B80DC1CD1u;
 inline constexpr Fraction lnTwo = U128{0xB17217F7D1CF79ABu} << 64 | 0xC9E3B39803F2F6AFu;
 
 /// numerator / denominator below 1, both below 2^63.
@@ -37,20 +38,36 @@ constexpr int widthOf(U128 m)
     return high != 0 ? 128 - std::countl_zero(high) : 64 - std::countl_zero(static_cast<Zel64u>(m));
 }
 
-/// m * 2^exponent as a double, rounded to nearest; the result must be normal or 0.
-constexpr Zel64f asDouble(U128 m, int exponent)
+/// m * 2^exponent as a double, rounded to nearest with `bits` of mantissa, at most 53; the result must be normal
+/// or 0.
+constexpr Zel64f rounded(U128 m, int exponent, int bits)
 {
     if (m == 0)
         return 0;
-    const int excess = widthOf(m) - 53;
+    const int excess = widthOf(m) - bits;
     Zel64u mantissa = 0;
     if (excess > 0)
-        mantissa = static_cast<Zel64u>((m >> excess) + ((m >> (excess - 1)) & 1));
+        mantissa = static_cast<Zel64u>((m >> excess) + ((m >> (excess - 1)) & 1)) << (53 - bits);
     else
-        mantissa = static_cast<Zel64u>(m) << -excess;
+        mantissa = static_cast<Zel64u>(m) << (53 - bits - excess);
     // A mantissa that was rounded up to 2^53 carries into the exponent, as it should.
-    const auto biased = static_cast<Zel64u>(exponent + excess + 52 + 1023);
+    const auto biased = static_cast<Zel64u>(exponent + excess + bits - 1 + 1023);
     return std::bit_cast<Zel64f>((biased << 52) + (mantissa - (Zel64u{1} << 52)));
+}
+constexpr Zel64f asDouble(U128 m, int exponent)
+{
+    return rounded(m, exponent, 53);
+}
+
+/// The positive number `value`, which must be a whole multiple of 2^exponent, in units of that.
+constexpr U128 inUnits(Zel64f value, int exponent)
+{
+    if (value == 0)
+        return 0;
+    const Zel64u bits = std::bit_cast<Zel64u>(value);
+    const U128 mantissa = (bits & 0xfffffffffffffu) | 0x10000000000000u;
+    const int shift = static_cast<int>(bits >> 52) - 1023 - 52 - exponent;
+    return shift >= 0 ? mantissa << shift : mantissa >> -shift;
 }
 
 /// exp(x) - 1 for x below 1 with a result below 1.

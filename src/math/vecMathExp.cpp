@@ -10,18 +10,15 @@ constexpr std::array<Exp2Entry, 256> makeExp2Table()
 {
     std::array<Exp2Entry, 256> table{};
     for (unsigned i = 0; i < 256; i++) {
-        // 2^(i/256) - 1 in units of 2^-128, then the value with 53 bits, and what that leaves over.
-        const Fraction f = expm1Fraction(mulHigh(lnTwo, U128{i} << 120));
-        const Zel64f value = asDouble((U128{1} << 127) + (f >> 1), -127);
-        const Zel64u bits = std::bit_cast<Zel64u>(value);
-        const U128 mantissa = (bits & 0xfffffffffffffu) | 0x10000000000000u;
-        const U128 exact = (U128{1} << 127) + (f >> 1);
-        const U128 rounded = mantissa << 75;
-        const bool below = exact < rounded;
-        const U128 left = ((below ? rounded - exact : exact - rounded) << 50) / mantissa;
+        // 2^(i/256) in units of 2^-127, what 53 bits hold of it, and what they leave over.
+        const U128 exact = (U128{1} << 127) + (expm1Fraction(mulHigh(lnTwo, U128{i} << 120)) >> 1);
+        const Zel64f value = asDouble(exact, -127);
+        const U128 held = inUnits(value, -127);
+        const bool below = exact < held;
+        const U128 left = ((below ? held - exact : exact - held) << 50) / (held >> 75);
         const Zel64f missing = asDouble(left, -127 - 50 + 52);
         table[i].missing = below ? -missing : missing;
-        table[i].bits = bits - (Zel64u{i} << exp2Shift);
+        table[i].bits = std::bit_cast<Zel64u>(value) - (Zel64u{i} << exp2Shift);
     }
     return table;
 }

@@ -38,6 +38,14 @@ constexpr OwnsF2 ownsAll(Zel64f x)
 {
     return OwnsF2{x, x};
 }
+constexpr OwnsU4 ownsAllOf(Zel32u x)
+{
+    return OwnsU4{x, x, x, x};
+}
+constexpr OwnsU2 ownsAllOf(Zel64u x)
+{
+    return OwnsU2{x, x};
+}
 
 inline constexpr Zel32u ownsSign32 = 0x80000000u;
 inline constexpr Zel64u ownsSign64 = 0x8000000000000000u;
@@ -106,17 +114,27 @@ inline OwnsF2 ownsSelect(M mask, OwnsF2 a, OwnsF2 b)
 inline constexpr Zel32f ownsRounder32f = 0x1.8p23f;
 inline constexpr Zel64f ownsRounder64f = 0x1.8p52;
 
-/// The lanes of `x` as two integers, by way of memory: lookups that hang on them wait longer, but the two float
+/// The lanes of `x` as integers, by way of memory: lookups that hang on them wait longer, but the two float
 /// units, which are what a kernel runs short of, have less to do than when lanes are moved out one by one.
 struct OwnsPair64 {
-    Zel64u first;
-    Zel64u second;
+    Zel64u first, second;
+};
+struct OwnsQuad32 {
+    Zel32u first, second, third, fourth;
 };
 [[gnu::always_inline]] inline OwnsPair64 ownsThroughMemory(OwnsU2 x)
 {
     OwnsU2 memory = x;
     asm("" : "+m"(memory));
     OwnsPair64 lanes;
+    __builtin_memcpy(&lanes, &memory, sizeof lanes);
+    return lanes;
+}
+[[gnu::always_inline]] inline OwnsQuad32 ownsThroughMemory(OwnsU4 x)
+{
+    OwnsU4 memory = x;
+    asm("" : "+m"(memory));
+    OwnsQuad32 lanes;
     __builtin_memcpy(&lanes, &memory, sizeof lanes);
     return lanes;
 }
