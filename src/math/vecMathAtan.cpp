@@ -19,7 +19,8 @@ constexpr AtanEntry32f inTwoParts(Fraction quarter)
 {
     const Zel64f high = rounded(quarter, -126, 24);
     const Fraction exact = inUnits(high, -126);
-    const Zel64f low = exact > quarter ? -rounded(exact - quarter, -126, 24) : rounded(quarter - exact, -126, 24);
+    const Zel64f low =
+        exact > quarter ? -rounded(exact - quarter, -126, 24) : rounded(quarter - exact, -126, 24);
     return {static_cast<Zel32f>(high), static_cast<Zel32f>(low)};
 }
 

@@ -45,8 +45,7 @@ extern const std::array<AtanEntry32f, 4 * (1 + atanGridSize32)> atanTable32f;
     const auto& k = atanConstants32f;
     const OwnsU4 rounded = (ownsBits(a * OwnsF4{_mm_rcp_ps(b)}) + k.gridHalf) & k.gridBits;
     const OwnsU4 step = rounded >> atanGridShift32;
-    const __m128i none =
-        _mm_srai_epi32(ownsInt(step - (atanGridStart32 >> atanGridShift32)), 31);
+    const __m128i none = _mm_srai_epi32(ownsInt(step - (atanGridStart32 >> atanGridShift32)), 31);
     const OwnsF4 c = ownsAs<Zel32f>(_mm_andnot_si128(none, ownsInt(rounded)));
     const auto onGrid =
         ownsAs<Zel32u>(_mm_andnot_si128(none, ownsInt(step - ((atanGridStart32 >> atanGridShift32) - 1))));
@@ -55,8 +54,7 @@ extern const std::array<AtanEntry32f, 4 * (1 + atanGridSize32)> atanTable32f;
         ownsThroughMemory(onGrid + ((ownsBits(steep) & k.perSteep) + (behind & k.perBehind)));
     const auto pair = [](Zel32u first, Zel32u second) {
         const __m128d e = _mm_load_sd(reinterpret_cast<const double*>(&atanTable32f[first]));
-        return OwnsF4{
-            _mm_castpd_ps(_mm_loadh_pd(e, reinterpret_cast<const double*>(&atanTable32f[second])))};
+        return OwnsF4{_mm_castpd_ps(_mm_loadh_pd(e, reinterpret_cast<const double*>(&atanTable32f[second])))};
     };
     const OwnsF4 e01 = pair(at.first, at.second);
     const OwnsF4 e23 = pair(at.third, at.fourth);
@@ -92,8 +90,8 @@ extern const std::array<Zel64f, 1 + atanGridSize64> atanTable64f;
     const OwnsU2 above = rounded - k.gridStart;
     const __m128i none = _mm_srai_epi32(_mm_shuffle_epi32(ownsInt(above), _MM_SHUFFLE(3, 3, 1, 1)), 31);
     const OwnsF2 c = ownsAs<Zel64f>(_mm_andnot_si128(none, ownsInt(rounded)));
-    const OwnsPair64 at = ownsThroughMemory(ownsAs<Zel64u>(
-        _mm_andnot_si128(none, ownsInt(above + (Zel64u{1} << atanGridShift64)))));
+    const OwnsPair64 at = ownsThroughMemory(
+        ownsAs<Zel64u>(_mm_andnot_si128(none, ownsInt(above + (Zel64u{1} << atanGridShift64)))));
     const OwnsF2 excess = {atanTable64f[at.first >> atanGridShift64],
                            atanTable64f[at.second >> atanGridShift64]};
 
@@ -116,7 +114,7 @@ extern const std::array<Zel64f, 1 + atanGridSize64> atanTable64f;
     return ownsFromBits(ownsBits(angle) ^ ownsSignOf(y));
 }
 
-} // namespace owns_detail
+} // namespace OWNS_INTERNAL
 
 /// atan(x), for every x.
 [[gnu::always_inline]] inline OwnsF4 ownsAtan(OwnsF4 x)

@@ -63,7 +63,7 @@ extern const ExpConstants64f expConstants64f;
     return bits;
 }
 
-} // namespace owns_detail
+} // namespace OWNS_INTERNAL
 
 /// exp(x), for every x.
 [[gnu::always_inline]] inline OwnsF4 ownsExp(OwnsF4 x)

@@ -96,7 +96,7 @@ inline constexpr Zel64u lnTableStart = 0x3fe6900000000000u;
     return sum + (left + ((rLow + (k * c.ln2Low + low)) + r2 * tail));
 }
 
-} // namespace owns_detail
+} // namespace OWNS_INTERNAL
 
 /// ln(x): minus infinity for 0, NaN for what is negative. Where `seen` is given, either is noted there.
 [[gnu::always_inline]] inline OwnsF4 ownsLn(OwnsF4 x, OwnsLnSeen* seen = nullptr)
@@ -111,7 +111,8 @@ inline constexpr Zel64u lnTableStart = 0x3fe6900000000000u;
 [[gnu::always_inline]] inline OwnsF2 ownsLn(OwnsF2 x, OwnsLnSeen* seen = nullptr)
 {
     const OwnsU2 bits = ownsBits(x);
-    if (ownsAny(ownsBelow(bits, 0x0010000000000000u) | ownsAtLeast(bits, 0x7ff0000000000000u) | bits)) [[unlikely]]
+    if (ownsAny(ownsBelow(bits, 0x0010000000000000u) | ownsAtLeast(bits, 0x7ff0000000000000u) | bits))
+        [[unlikely]]
         return owns_detail::lnRare(x, seen);
     return owns_detail::lnCore(bits, OwnsU2{});
 }

@@ -50,6 +50,12 @@ constexpr OwnsU2 ownsAllOf(Zel64u x)
 inline constexpr Zel32u ownsSign32 = 0x80000000u;
 inline constexpr Zel64u ownsSign64 = 0x8000000000000000u;
 
+/// The unsigned integers of a float vector's lanes, and the sign bit in them.
+template <class F>
+using ownsUnsignedOf = std::conditional_t<std::is_same_v<F, OwnsF4>, Zel32u, Zel64u>;
+template <class F>
+inline constexpr ownsUnsignedOf<F> ownsSignBit = std::is_same_v<F, OwnsF4> ? ownsSign32 : ownsSign64;
+
 inline OwnsU4 ownsSignOf(OwnsF4 x)
 {
     return ownsBits(x) & ownsSign32;
@@ -108,6 +114,16 @@ template <class M>
 inline OwnsF2 ownsSelect(M mask, OwnsF2 a, OwnsF2 b)
 {
     return _mm_blendv_pd(b, a, ownsDouble(mask));
+}
+
+/// Two vectors of doubles as floats, and of integers without their upper halves.
+inline OwnsF4 ownsNarrowed(OwnsF2 first, OwnsF2 second)
+{
+    return _mm_movelh_ps(_mm_cvtpd_ps(first), _mm_cvtpd_ps(second));
+}
+inline OwnsU4 ownsLowHalves(OwnsU2 first, OwnsU2 second)
+{
+    return ownsAs<Zel32u>(_mm_shuffle_ps(ownsFloat(first), ownsFloat(second), _MM_SHUFFLE(2, 0, 2, 0)));
 }
 
 /// Added to a value of less than a quarter of it, rounds that to an integer, which stands in the low bits.
