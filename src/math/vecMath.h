@@ -12,6 +12,7 @@
 #pragma once
 
 #include "math/vecMathAtan.h"
+#include "math/vecMathCubrt.h"
 #include "math/vecMathExp.h"
 #include "math/vecMathLn.h"
 #include "math/vecMathSinCos.h"

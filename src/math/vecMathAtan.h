@@ -67,7 +67,7 @@ extern const std::array<AtanEntry32f, 4 * (1 + atanGridSize32)> atanTable32f;
     const OwnsF4 t = ownsFromBits(ownsBits(numerator) ^ back) / (b + c * a);
     // |t| <= c / 31 where there is a c: one coefficient is enough. Below 2^-12 it changes nothing.
     const OwnsF4 angle = high + (low + (t + t * (t * t * k.third)));
-    return ownsFromBits(ownsBits(angle) ^ ownsSignOf(y));
+    return ownsWithSign(angle, y);
 }
 
 struct AtanConstants64f {
@@ -111,7 +111,7 @@ extern const std::array<Zel64f, 1 + atanGridSize64> atanTable64f;
     const OwnsF2 sum = base + cBack;
     const OwnsF2 left = (base - sum) + cBack;
     const OwnsF2 angle = sum + (left + (baseLow + ownsFromBits(ownsBits(small) ^ back)));
-    return ownsFromBits(ownsBits(angle) ^ ownsSignOf(y));
+    return ownsWithSign(angle, y);
 }
 
 } // namespace OWNS_INTERNAL
@@ -133,7 +133,7 @@ extern const std::array<Zel64f, 1 + atanGridSize64> atanTable64f;
     const OwnsF4 z = t * t;
     const OwnsF4 tail = (k.n1 * z + k.n0) / ((z + k.d1) * z + k.d0);
     const OwnsF4 angle = base + (t + (baseLow + t * (z * tail)));
-    return ownsFromBits(ownsBits(angle) ^ ownsSignOf(x));
+    return ownsWithSign(angle, x);
 }
 
 [[gnu::always_inline]] inline OwnsF2 ownsAtan(OwnsF2 x)

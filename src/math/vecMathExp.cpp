@@ -27,7 +27,6 @@ constexpr std::array<Exp2Entry, 256> makeExp2Table()
 
 constexpr ExpConstants32f expConstants32f = {
     .perLn2 = ownsAll(0x1.715476p0f),
-    .rounder = ownsAll(ownsRounder32f),
     // ln(2) in two parts, the first of 16 bits: its product with |k| < 256 is exact, and so is the difference.
     .ln2High = ownsAll(0x1.62e4p-1f),
     .ln2Low = ownsAll(0x1.7f7d1cp-20f),
@@ -60,7 +59,7 @@ OwnsF4 expRare(OwnsF4 x)
 {
     const OwnsF4 within = _mm_min_ps(_mm_set1_ps(89.0f), _mm_max_ps(_mm_set1_ps(-104.0f), x));
     OwnsF4 p;
-    const auto k = ownsAs<Zel32s>(expParts(within, p) - ownsBits(ownsSplat(ownsRounder32f)));
+    const OwnsVec<Zel32s> k = expParts(within, p);
     const auto half = k >> 1;
     const auto power = [](auto e) { return ownsAs<Zel32f>((e + 127) << 23); };
     // ln of half the smallest number: cleared before it is scaled, as an underflow costs as much as many vectors.

@@ -73,6 +73,14 @@ inline OwnsU2 ownsMagnitudeBits(OwnsF2 x)
     return ownsBits(x) & ~ownsSign64;
 }
 
+/// The magnitude of x with the sign of `sign`. Results that are never negative take their sign so, since a 0 that
+/// comes out of a sum is negative in the rounding mode downward.
+template <class F>
+inline F ownsWithSign(F x, F sign)
+{
+    return ownsFromBits(ownsMagnitudeBits(x) | ownsSignOf(sign));
+}
+
 // Conditions are gathered in sign bits: adding and joining integers runs where the float units do not, and one
 // branch then serves all of them.
 
@@ -126,8 +134,7 @@ inline OwnsU4 ownsLowHalves(OwnsU2 first, OwnsU2 second)
     return ownsAs<Zel32u>(_mm_shuffle_ps(ownsFloat(first), ownsFloat(second), _MM_SHUFFLE(2, 0, 2, 0)));
 }
 
-/// Added to a value of less than a quarter of it, rounds that to an integer, which stands in the low bits.
-inline constexpr Zel32f ownsRounder32f = 0x1.8p23f;
+/// Added to an integer of less than 2^51, puts that into the low bits.
 inline constexpr Zel64f ownsRounder64f = 0x1.8p52;
 
 /// The lanes of `x` as integers, by way of memory: lookups that hang on them wait longer, but the two float
