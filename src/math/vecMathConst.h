@@ -38,6 +38,37 @@ constexpr int widthOf(U128 m)
     return high != 0 ? 128 - std::countl_zero(high) : 64 - std::countl_zero(static_cast<Zel64u>(m));
 }
 
+/// A positive number: mantissa * 2^exponent, the mantissa with its top bit set. Products are low by less than a
+/// unit.
+struct Wide {
+    U128 mantissa;
+    int exponent;
+};
+constexpr Wide operator*(Wide a, Wide b)
+{
+    const U128 product = mulHigh(a.mantissa, b.mantissa);
+    const int shift = product >> 127 != 0 ? 0 : 1;
+    return {product << shift, a.exponent + b.exponent + 128 - shift};
+}
+
+inline constexpr Wide wideE{U128{0xADF85458A2BB4A9Au} << 64 | 0xAFDC5620273D3CF2u, -126};
+inline constexpr Wide wideRootOfE{U128{0xD3094C70F034DE4Bu} << 64 | 0x96FF7D5B6F99FCD9u, -127};
+inline constexpr Wide widePerE{U128{0xBC5AB1B16779BE35u} << 64 | 0x75BD8F0520A9F21Cu, -129};
+
+/// x, not 0, without its fraction, and whether the fraction is one half or more; x must be below 2^64.
+struct WholeAndHalf {
+    Zel64u whole;
+    bool half;
+};
+constexpr WholeAndHalf wholeOf(Wide x)
+{
+    const int shift = -x.exponent;
+    if (shift > 128)
+        return {0, false};
+    return {shift == 128 ? 0 : static_cast<Zel64u>(x.mantissa >> shift),
+            (x.mantissa >> (shift - 1) & 1) != 0};
+}
+
 /// m * 2^exponent as a double, rounded to nearest with `bits` of mantissa, at most 53; the result must be normal
 /// or 0.
 constexpr Zel64f rounded(U128 m, int exponent, int bits)

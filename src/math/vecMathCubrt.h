@@ -48,7 +48,7 @@ extern const CubrtConstants cubrtConstants;
 }
 
 /// The cube root of integers, each first rounded to a float.
-[[gnu::always_inline]] inline OwnsF4 ownsCubrt(OwnsVec<Zel32s> n)
+[[gnu::always_inline]] inline OwnsF4 ownsCubrtOfIntegers(OwnsVec<Zel32s> n)
 {
     using namespace owns_detail;
     const OwnsF4 x = _mm_cvtepi32_ps(ownsInt(n));

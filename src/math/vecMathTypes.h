@@ -134,6 +134,16 @@ inline OwnsU4 ownsLowHalves(OwnsU2 first, OwnsU2 second)
     return ownsAs<Zel32u>(_mm_shuffle_ps(ownsFloat(first), ownsFloat(second), _MM_SHUFFLE(2, 0, 2, 0)));
 }
 
+/// The first `n` lanes of x, and `value` in the others.
+template <class V, class T>
+inline V ownsFilled(V x, int n, T value)
+{
+    using Lane = std::remove_cvref_t<decltype(x[0])>;
+    for (int lane = n; lane < static_cast<int>(sizeof(V) / sizeof(Lane)); lane++)
+        x[lane] = static_cast<Lane>(value);
+    return x;
+}
+
 /// Added to an integer of less than 2^51, puts that into the low bits.
 inline constexpr Zel64f ownsRounder64f = 0x1.8p52;
 
