@@ -11,6 +11,7 @@
 #include <array>
 #include <bit>
 #include <limits>
+#include <utility>
 
 namespace {
 
@@ -39,20 +40,14 @@ constexpr Zel64u below(int n, int scaleFactor)
     return wholeOf(scaleFactor == 0 ? powerAndHalf(n - 1) : powerOfE((2 * n - 1) << (scaleFactor - 1))).whole;
 }
 
-/// The steps of a scale factor from 0 to 4 within 16 bits.
-struct Steps16s {
+/// How many steps of a scale factor lie within 16 bits.
+constexpr int stepsWithin16(int scaleFactor)
+{
     int count = 0;
-    Zel16s below[10] = {};
-};
-constexpr auto steps16s = [] {
-    std::array<Steps16s, 5> all{};
-    for (int factor = 0; factor < 5; factor++) {
-        Steps16s& steps = all[static_cast<unsigned>(factor)];
-        for (Zel64u step; (step = below(steps.count + 1, factor)) < INT16_MAX;)
-            steps.below[steps.count++] = static_cast<Zel16s>(step);
-    }
-    return all;
-}();
+    while (below(count + 1, scaleFactor) < INT16_MAX)
+        count++;
+    return count;
+}
 
 /// For each power of two, the nearest integer to its logarithm, and the only step before the next power: steps
 /// lie a factor of e apart.
@@ -74,15 +69,16 @@ constexpr auto octaves = [] {
 
 // Each rule below gives the logarithm of elements from 1 on.
 
+/// Counts the steps up to x: for scale factors from 0 to 4.
 template <int scaleFactor>
 struct BySteps16s {
     OwnsVec<Zel16s> operator()(OwnsVec<Zel16s> x) const
     {
-        constexpr const Steps16s& steps = steps16s[scaleFactor];
-        OwnsVec<Zel16s> n{};
-        for (int i = 0; i < steps.count; i++)
-            n -= x > steps.below[i];
-        return n;
+        return [x]<int... i>(std::integer_sequence<int, i...>)
+        {
+            return -(... + (x > static_cast<Zel16s>(below(i + 1, scaleFactor))));
+        }
+        (std::make_integer_sequence<int, stepsWithin16(scaleFactor)>{});
     }
 };
 
@@ -160,6 +156,13 @@ struct ByFloats32s {
     }
 };
 
+/// The warning of the first element below 1; `bytes` tells in which bytes of the vector there are such elements.
+template <class T>
+[[gnu::cold, gnu::noinline]] ZelStatus warningOf(OwnsVec<T> x, unsigned bytes)
+{
+    return x[std::countr_zero(bytes) / static_cast<int>(sizeof(T))] == 0 ? zelWarnLnZero : zelWarnLnNegative;
+}
+
 /// A rule for all elements.
 template <class T, class Rule>
 struct WithBad {
@@ -168,11 +171,10 @@ struct WithBad {
 
     OwnsVec<T> operator()(OwnsVec<T> x) const
     {
-        const auto bad = OwnsVec<T>(x < 1);
-        const auto bytes = static_cast<unsigned>(_mm_movemask_epi8(ownsInt(bad)));
-        if (bytes != 0 && status == zelStatusOk) [[unlikely]]
-            status = x[std::countr_zero(bytes) / static_cast<int>(sizeof(T))] == 0 ? zelWarnLnZero
-                                                                                   : zelWarnLnNegative;
+        const OwnsVec<T> bad = x < 1;
+        if (const int bytes = _mm_movemask_epi8(ownsInt(bad)); bytes != 0) [[unlikely]]
+            if (status == zelStatusOk)
+                status = warningOf<T>(x, static_cast<unsigned>(bytes));
         return rule(x > 1 ? x : OwnsVec<T>{} + 1) | (bad & std::numeric_limits<T>::min());
     }
     OwnsVec<T> part(int n, OwnsVec<T> x) const { return (*this)(ownsFilled(x, n, 1)); }

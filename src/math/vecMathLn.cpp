@@ -6,46 +6,36 @@ namespace owns_detail {
 
 namespace {
 
-/// -ln(n / 2^26) for n close to 2^26, in units of 2^-128, by 2 atanh((n - 1) / (n + 1)); and its sign.
-struct SignedFraction {
-    Fraction magnitude;
-    bool negative;
-};
-constexpr SignedFraction minusLn(Zel64u n)
-{
-    constexpr Zel64u one = Zel64u{1} << 26;
-    const bool negative = n > one;
-    return {2 * atanhFraction(fraction(negative ? n - one : one - n, n + one)), negative};
-}
-
 constexpr auto makeLnTable()
 {
     std::array<LnEntry, lnTable.size()> table{};
     for (Zel64u i = 0; i < table.size(); i++) {
-        // The interval as the bits of a double, and the mantissas at its ends in units of 2^-53.
+        // The middle of the interval in units of 2^-53, then its inverse, of 10 bits, in units of 2^-10.
         constexpr Zel64u step = Zel64u{1} << (52 - lnIntervalBits);
-        const auto mantissa = [](Zel64u bits) {
-            const Zel64u m = (bits & 0xfffffffffffffu) | 0x10000000000000u;
-            return bits >> 52 >= 0x3ff ? 2 * m : m;
-        };
-        const Zel64u start = lnTableStart + i * step;
-        const Zel64u low = mantissa(start);
-        const Zel64u high = mantissa(start + step - 1);
-        constexpr Zel64u one = Zel64u{1} << 53;
-        Zel64u n = Zel64u{1} << 26;
-        table[i].exactBits = ~Zel64u{0};
-        if (low > one || high < one) {
-            n = static_cast<Zel64u>((U128{1} << 79) / ((low + high) / 2));
-            table[i].exactBits <<= 27;
-        }
-        table[i].inverse = asDouble(n, -26);
-        const SignedFraction ln = minusLn(n);
-        const Fraction first = (ln.magnitude + (U128{1} << 85)) >> 86 << 86;
-        const bool below = ln.magnitude < first;
-        const Zel64f rest = asDouble(below ? first - ln.magnitude : ln.magnitude - first, -128);
+        const Zel64u bits = lnTableStart + i * step + step / 2;
+        const Zel64u middle = ((bits & 0xfffffffffffffu) | 0x10000000000000u)
+                              << (bits >> 52 == 0x3ff ? 1 : 0);
+        const Zel64u coarse = (Zel64u{1} << 63) / (middle >> 10);
+        const Zel64u inverse =
+            coarse >= 1u << 20 ? (coarse + (1u << 10)) >> 11 << 1 : (coarse + (1u << 9)) >> 10;
+        constexpr Zel64u one = Zel64u{1} << 10;
+        // The inverse of that, and by how much their product is more than 1, in units of 2^-128.
+        const Zel64f center = asDouble((U128{1} << 127) / inverse, -117);
+        const U128 product = inUnits(center, -54) * inverse;
+        const bool less = product < U128{1} << 64;
+        const Fraction excess = (less ? (U128{1} << 64) - product : product - (U128{1} << 64)) << 64;
+        // -ln(inverse) by 2 atanh((1 - inverse) / (1 + inverse)), and its first part.
+        const bool negative = inverse > one;
+        const Fraction ln =
+            2 * atanhFraction(fraction(negative ? inverse - one : one - inverse, inverse + one));
+        const Fraction first = (ln + (U128{1} << 85)) >> 86 << 86;
+        const U128 left = negative ? first - ln : ln - first;
+        const U128 rest = less ? left - excess : left + excess;
         const Zel64f whole = asDouble(first, -128);
-        table[i].high = ln.negative ? -whole : whole;
-        table[i].low = below != ln.negative ? -rest : rest;
+        table[i] = {.inverse = asDouble(inverse, -10),
+                    .high = negative ? -whole : whole,
+                    .low = rest >> 127 != 0 ? -asDouble(-rest, -128) : asDouble(rest, -128),
+                    .center = center};
     }
     return table;
 }
@@ -65,14 +55,12 @@ constexpr LnConstants32f lnConstants32f = {
 };
 
 constexpr LnConstants64f lnConstants64f = {
-    .one = ownsAll(1.0),
-    // (ln(1 + r) - r) / r^2 for |r| < 0.004, off by 2^-61.9 of the result.
+    // (ln(1 + r) - r) / r^2 for |r| < 0.0028, off by 2^-67.4 of 1.
     .a0 = ownsAll(-0x1p-1),
-    .a1 = ownsAll(0x1.5555555555558p-2),
-    .a2 = ownsAll(-0x1.ffffffff17084p-3),
-    .a3 = ownsAll(0x1.999999983310cp-3),
-    .a4 = ownsAll(-0x1.55571e411bd85p-3),
-    .a5 = ownsAll(0x1.2494479abeb98p-3),
+    .a1 = ownsAll(0x1.55555555416b2p-2),
+    .a2 = ownsAll(-0x1.fffffffff1bd5p-3),
+    .a3 = ownsAll(0x1.999a7996095c0p-3),
+    .a4 = ownsAll(-0x1.5555dedca3775p-3),
     // ln(2) / 2^20 in two parts; the first is a multiple of 2^-62, so that k times it and an entry's first part
     // make an exact sum.
     .ln2High = ownsAll(0x1.62e42fefa38p-21),

@@ -40,24 +40,25 @@ extern const LnConstants32f lnConstants32f;
 }
 
 struct LnConstants64f {
-    OwnsF2 one, a0, a1, a2, a3, a4, a5, ln2High, ln2Low;
+    OwnsF2 a0, a1, a2, a3, a4, ln2High, ln2Low;
 };
 extern const LnConstants64f lnConstants64f;
 
-/// An interval of the mantissa: `inverse`, of 27 bits, close to the inverse of its middle; -ln(inverse) in two
-/// parts, the first a multiple of 2^-42; and those bits of a mantissa whose product with `inverse` is exact.
+/// An interval of the mantissa: `inverse`, of 10 bits, is close to the inverse of its middle, and `center` the
+/// double closest to 1 / inverse. `high`, a multiple of 2^-42, and `low` are -ln(inverse) and what inverse * center
+/// is more than 1.
 struct alignas(32) LnEntry {
     Zel64f inverse;
     Zel64f high;
     Zel64f low;
-    Zel64u exactBits;
+    Zel64f center;
 };
-inline constexpr int lnIntervalBits = 7;
+inline constexpr int lnIntervalBits = 8;
 extern const std::array<LnEntry, 1 << lnIntervalBits> lnTable;
 
-/// The least mantissa of the table, about 0.7051: half an interval off the grid, so that one interval has 1 in
-/// it. That one takes 1 for its inverse and all bits for exact, so that r = m - 1 there.
-inline constexpr Zel64u lnTableStart = 0x3fe6900000000000u;
+/// The least mantissa of the table, about 0.7061: half an interval off the grid, so that 1 is the middle of an
+/// interval, where inverse and center are 1.
+inline constexpr Zel64u lnTableStart = 0x3fe6980000000000u;
 
 [[gnu::always_inline]] inline OwnsF2 lnCore(OwnsU2 bits, OwnsU2 raised)
 {
@@ -81,19 +82,19 @@ inline constexpr Zel64u lnTableStart = 0x3fe6900000000000u;
     const OwnsF2 f1 = ownsLoad(&entry1.low);
     const OwnsF2 low = _mm_shuffle_pd(f0, f1, 0);
 
-    // r = m * inverse - 1 in two parts, the first exact.
-    const OwnsF2 mHigh = _mm_and_pd(m, _mm_shuffle_pd(f0, f1, 3));
-    const OwnsF2 rHigh = mHigh * inverse - c.one;
-    const OwnsF2 rLow = (m - mHigh) * inverse;
-    const OwnsF2 r = rHigh + rLow;
+    const OwnsF2 center = _mm_shuffle_pd(f0, f1, 3);
+
+    // m * inverse = 1 + r but for what is in `low`. The difference is exact, and so is the product as long as it is
+    // below 2^-9, in the intervals around 1: further away what it is off by does not show.
+    const OwnsF2 r = (m - center) * inverse;
     const OwnsF2 r2 = r * r;
-    const OwnsF2 tail = (c.a0 + r * c.a1) + r2 * ((c.a2 + r * c.a3) + r2 * (c.a4 + r * c.a5));
-    // k ln(2) - ln(inverse) is exact in its first part, and either 0 or more than rHigh, so that `left` is all
-    // that the sum leaves.
+    const OwnsF2 tail = (c.a0 + r * c.a1) + r2 * ((c.a2 + r * c.a3) + r2 * c.a4);
+    // k ln(2) - ln(inverse) is exact in its first part, and either 0 or more than r, so that `left` is all that the
+    // sum leaves.
     const OwnsF2 base = k * c.ln2High + high;
-    const OwnsF2 sum = base + rHigh;
-    const OwnsF2 left = (base - sum) + rHigh;
-    return sum + (left + ((rLow + (k * c.ln2Low + low)) + r2 * tail));
+    const OwnsF2 sum = base + r;
+    const OwnsF2 left = (base - sum) + r;
+    return sum + (left + ((k * c.ln2Low + low) + r2 * tail));
 }
 
 } // namespace OWNS_INTERNAL
@@ -101,9 +102,9 @@ inline constexpr Zel64u lnTableStart = 0x3fe6900000000000u;
 /// ln(x): minus infinity for 0, NaN for what is negative. Where `seen` is given, either is noted there.
 [[gnu::always_inline]] inline OwnsF4 ownsLn(OwnsF4 x, OwnsLnSeen* seen = nullptr)
 {
-    // Below the smallest normal number, from infinity on, or with a sign.
+    // Below the smallest normal number, or from infinity on; what has a sign is one or the other.
     const OwnsU4 bits = ownsBits(x);
-    if (ownsAny(ownsBelow(bits, 0x00800000u) | ownsAtLeast(bits, 0x7f800000u) | bits)) [[unlikely]]
+    if (ownsAny(ownsBelow(bits, 0x00800000u) | ownsAtLeast(bits, 0x7f800000u))) [[unlikely]]
         return owns_detail::lnRare(x, seen);
     return owns_detail::lnCore(bits, OwnsU4{});
 }
@@ -111,8 +112,7 @@ inline constexpr Zel64u lnTableStart = 0x3fe6900000000000u;
 [[gnu::always_inline]] inline OwnsF2 ownsLn(OwnsF2 x, OwnsLnSeen* seen = nullptr)
 {
     const OwnsU2 bits = ownsBits(x);
-    if (ownsAny(ownsBelow(bits, 0x0010000000000000u) | ownsAtLeast(bits, 0x7ff0000000000000u) | bits))
-        [[unlikely]]
+    if (ownsAny(ownsBelow(bits, 0x0010000000000000u) | ownsAtLeast(bits, 0x7ff0000000000000u))) [[unlikely]]
         return owns_detail::lnRare(x, seen);
     return owns_detail::lnCore(bits, OwnsU2{});
 }
