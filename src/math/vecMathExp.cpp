@@ -83,7 +83,9 @@ OwnsF2 expRare(OwnsF2 x)
     // A NaN is in q; its scale is any number.
     const OwnsF2 p = mantissa + mantissa * q;
     const OwnsF2 some = _mm_andnot_pd(_mm_cmplt_pd(x, _mm_set1_pd(-745.1332191019412)), p);
-    return some * power(half) * power(e - half);
+    const OwnsF2 result = some * power(half) * power(e - half);
+    const OwnsF2 above = _mm_cmpgt_pd(x, _mm_set1_pd(709.782712893384));
+    return ownsSelect(above, ownsSplat(__builtin_inf()), result);
 }
 
 } // namespace owns_detail
