@@ -208,8 +208,8 @@ ZELS_API ZelStatus zelsMagnitude_32sc_Sfs(const Zel32sc* pSrc, Zel32s* pDst, int
 /** @} */
 
 /** @name Arctangent
- *  `pDst[n] = atan(pSrc[n])`, between -pi/2 and pi/2, for every argument; rounding to nearest, the error is below
- * 0.66 units in the last place in `32f`, and below 0.56 in `64f`.
+ *  `pDst[n] = atan(pSrc[n])`, between -pi/2 and pi/2, for every argument, within 1 unit in the last place, rounding
+ * to nearest.
  *  @param pSrc source
  *  @param pDst destination
  *  @param pSrcDst source and destination
@@ -225,8 +225,8 @@ ZELS_API ZelStatus zelsArctan_64f_I(Zel64f* pSrcDst, int len);
 
 /** @name Phase
  *  `atan2(im, re)`, between -pi and pi, from two vectors of parts or from complex elements. Zeros of either sign,
- * infinities and NaN give what the standard function gives. Rounding to nearest, the error of float results is
- * below 0.52 units in the last place in `32f`, and below 0.66 in `64f`.
+ * infinities and NaN give what the standard function gives. Float results are within
+ * 1 unit in the last place, rounding to nearest.
  *
  *  The scaled forms round the exact angle times 2 to the power -`scaleFactor` to nearest in every rounding mode,
  * and saturate; but every scale factor above 1 gives 0, although pi / 4 rounds to 1.
@@ -272,6 +272,36 @@ ZELS_API ZelStatus zelsCartToPolar_32fc(const Zel32fc* pSrc, Zel32f* pDstMagn, Z
 ZELS_API ZelStatus zelsCartToPolar_64fc(const Zel64fc* pSrc, Zel64f* pDstMagn, Zel64f* pDstPhase, int len);
 ZELS_API ZelStatus zelsCartToPolar_16sc_Sfs(const Zel16sc* pSrc, Zel16s* pDstMagn, Zel16s* pDstPhase, int len,
                                             int magnScaleFactor, int phaseScaleFactor);
+/** @} */
+
+/** @name Polar to Cartesian form
+ *  `re = magn * cos(phase)`, `im = magn * sin(phase)`, for phases of any size. Sine and cosine are within 1 unit in
+ * the last place, rounding to nearest, and each product is rounded once more. In the split forms the destinations
+ * may be the sources.
+ *
+ *  The scaled form takes `magn * 2^-magnScaleFactor` and `phase * 2^-phaseScaleFactor` for magnitude and phase,
+ * rounds the exact parts to nearest in every rounding mode, and saturates them.
+ *  @param pSrcMagn magnitudes
+ *  @param pSrcPhase phases
+ *  @param pDstRe real parts
+ *  @param pDstIm imaginary parts
+ *  @param pDst destination
+ *  @param len length in elements
+ *  @param magnScaleFactor the magnitude is divided by 2 to this power
+ *  @param phaseScaleFactor the phase is divided by 2 to this power
+ *  @return #zelErrNullPtr for a null pointer, else #zelErrSize for a length below 1, else #zelStatusOk
+ *  @{
+ */
+ZELS_API ZelStatus zelsPolarToCart_32f(const Zel32f* pSrcMagn, const Zel32f* pSrcPhase, Zel32f* pDstRe,
+                                       Zel32f* pDstIm, int len);
+ZELS_API ZelStatus zelsPolarToCart_64f(const Zel64f* pSrcMagn, const Zel64f* pSrcPhase, Zel64f* pDstRe,
+                                       Zel64f* pDstIm, int len);
+ZELS_API ZelStatus zelsPolarToCart_32fc(const Zel32f* pSrcMagn, const Zel32f* pSrcPhase, Zel32fc* pDst,
+                                        int len);
+ZELS_API ZelStatus zelsPolarToCart_64fc(const Zel64f* pSrcMagn, const Zel64f* pSrcPhase, Zel64fc* pDst,
+                                        int len);
+ZELS_API ZelStatus zelsPolarToCart_16sc_Sfs(const Zel16s* pSrcMagn, const Zel16s* pSrcPhase, Zel16sc* pDst,
+                                            int len, int magnScaleFactor, int phaseScaleFactor);
 /** @} */
 
 /** @name Power

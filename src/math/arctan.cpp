@@ -1,6 +1,6 @@
 // Arctangent: Arctan.
 #include "frame/map.h"
-#include "math/vecMathAtan.h"
+#include "math/vecMath.h"
 #include "zels.h"
 
 namespace {

@@ -2,7 +2,7 @@
 #include "frame/entry.h"
 #include "math/magnitude.h"
 #include "math/polar.h"
-#include "math/vecMathAtan.h"
+#include "math/vecMath.h"
 #include "zels.h"
 
 #include <algorithm>

@@ -2,7 +2,7 @@
 #include "frame/bulk.h"
 #include "frame/scale.h"
 #include "math/polar.h"
-#include "math/vecMathAtan.h"
+#include "math/vecMath.h"
 #include "zels.h"
 
 #include <algorithm>
