@@ -21,6 +21,13 @@ __m128 _ZGVbN4v_logf(__m128);
 __m128 _ZGVbN4v_cbrtf(__m128);
 __m128d _ZGVbN2v_exp(__m128d);
 __m128d _ZGVbN2v_log(__m128d);
+__m128 _ZGVbN4v_atanf(__m128);
+__m128 _ZGVbN4vv_atan2f(__m128, __m128);
+__m128d _ZGVbN2v_atan(__m128d);
+__m128d _ZGVbN2vv_atan2(__m128d, __m128d);
+// The argument, then where the sines go and where the cosines: an address for each lane.
+void _ZGVbN4vvv_sincosf(__m128, __m128i, __m128i, __m128i, __m128i);
+void _ZGVbN2vvv_sincos(__m128d, __m128i, __m128i);
 }
 #define BENCH_MVEC(...) __VA_ARGS__
 #else
