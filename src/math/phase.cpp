@@ -1,5 +1,6 @@
 // Phase of complex data: Phase.
 #include "frame/bulk.h"
+#include "frame/roundingMode.h"
 #include "frame/scale.h"
 #include "math/polar.h"
 #include "math/vecMath.h"
@@ -27,14 +28,14 @@ constexpr PhaseOf16 phaseOf16;
 
 /// The angle of 16-bit parts times a power of two, rounded to nearest and saturated. But for 0 an angle of
 /// integers is never a tie, since it is transcendental; so near a tie single precision gives way to double,
-/// which is right unless a tie is nearer than 2^-37.
+/// which is right unless a tie is nearer than 2^-37. To be run in the rounding mode to nearest.
 class ScaledPhase {
   public:
     explicit ScaledPhase(int scaleFactor)
         // From 2^29 on all angles but the smallest saturate, from 2^31 on all but 0.
         : factor64(ownsScaled(1, std::max(scaleFactor, -40))), factor(static_cast<Zel32f>(factor64)),
-          // The error of a result is below 1.6 * 2^-23 of the largest one, in every rounding mode.
-          sure(static_cast<Zel32f>(0.5 - 0x1.ap-23 * std::min(std::numbers::pi * factor64, 32768.0)))
+          // Single precision is off by less than 1.1 * 2^-23 of the largest result.
+          sure(static_cast<Zel32f>(0.5 - 0x1.4p-23 * std::min(std::numbers::pi * factor64, 32768.0)))
     {
     }
 
@@ -90,12 +91,12 @@ class ScaledPhase {
         const V upper = flip(where(isSteep, ownsSplat(pi / 2)) + diagonal, backLeft);
         const V angle = (where(isLeft, ownsSplat(pi)) + upper) + flip(flip(beside, backSteep), backLeft);
 
-        const V scaled = ownsBounded(flip(angle * factor, where(y, sign)), 32767);
-        const V nearest = ownsRoundedNear(scaled);
-        const V rest = _mm_andnot_ps(sign, scaled - nearest);
+        const V scaled = flip(ownsBounded(angle * factor, 32768), where(y, sign));
+        const __m128i nearest = _mm_cvtps_epi32(scaled);
+        const V rest = _mm_andnot_ps(sign, scaled - V(_mm_cvtepi32_ps(nearest)));
         if (_mm_movemask_ps(_mm_cmpgt_ps(rest, ownsSplat(sure))) != 0) [[unlikely]]
             return nearTie(re, im, factor64);
-        return _mm_cvttps_epi32(nearest);
+        return nearest;
     }
 
     [[gnu::noinline]] static __m128i nearTie(__m128i re, __m128i im, Zel64f factor64)
@@ -119,6 +120,7 @@ template <class... S>
         return status;
     if (scaleFactor >= 2)
         return ownsZero(pDst, len);
+    const OwnsNearestMode mode;
     ownsMap<shape_16s>(ScaledPhase(scaleFactor), pDst, len, pSrc...);
     return zelStatusOk;
 }

@@ -44,6 +44,7 @@ struct OwnsTwoArrays {
     T* first;
     T* second;
 
+    const T* start() const { return first; }
     void put(ZelSize i, OwnsParts2<OwnsVec<T>> x) const
     {
         ownsStore(first + i, x.first);
@@ -62,6 +63,7 @@ struct OwnsComplexArray {
     using V = OwnsVec<C>;
     C* p;
 
+    const C* start() const { return p; }
     static V low(OwnsVec<Zel32f> re, OwnsVec<Zel32f> im) { return _mm_unpacklo_ps(re, im); }
     static V high(OwnsVec<Zel32f> re, OwnsVec<Zel32f> im) { return _mm_unpackhi_ps(re, im); }
     static V low(OwnsVec<Zel64f> re, OwnsVec<Zel64f> im) { return _mm_unpacklo_pd(re, im); }
@@ -86,15 +88,22 @@ struct OwnsComplexArray {
     }
 };
 
-/// Runs `op`, which gives OwnsParts2 of parts of type T, over `len` elements. These are long computations, so
-/// the pattern of the short ones (zelsKernelConventions.h) has nothing to gain here.
+/// Runs `op`, which gives OwnsParts2 of parts of type T, over `len` elements, by the pattern of
+/// zelsKernelConventions.h but for its cut. The destinations may be the sources.
 template <class T, class Op, class Destination, class... S>
 [[gnu::always_inline]] inline void ownsMapParts(Op op, Destination dst, ZelSize len, const S*... pSrc)
 {
     constexpr int lanes = ownsLanes<T>;
     ZelSize i = 0;
+    const auto part = [&](int n) {
+        dst.putPart(i, op(ownsTakePart<T>(pSrc + i, n)...), n);
+        i += n;
+    };
+    if (len >= ownsPeelFrom / static_cast<ZelSize>(sizeof(T))) [[unlikely]]
+        if (const int peel = owns_detail::peelCount(dst.start()); peel > 0)
+            part(peel);
     for (; i <= len - lanes; i += lanes)
         dst.put(i, op(ownsTake<T>(pSrc + i)...));
     if (const int rest = static_cast<int>(len - i); rest > 0)
-        dst.putPart(i, op(ownsTakePart<T>(pSrc + i, rest)...), rest);
+        part(rest);
 }
