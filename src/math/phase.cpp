@@ -30,12 +30,16 @@ constexpr PhaseOf16 phaseOf16;
 /// integers is never a tie, since it is transcendental; so near a tie single precision gives way to double,
 /// which is right unless a tie is nearer than 2^-37. To be run in the rounding mode to nearest.
 class ScaledPhase {
+    using V = OwnsVec<Zel32f>;
+
   public:
     explicit ScaledPhase(int scaleFactor)
         // From 2^29 on all angles but the smallest saturate, from 2^31 on all but 0.
-        : factor64(ownsScaled(1, std::max(scaleFactor, -40))), factor(static_cast<Zel32f>(factor64)),
-          // Single precision is off by less than 1.1 * 2^-23 of the largest result.
-          sure(static_cast<Zel32f>(0.5 - 0x1.4p-23 * std::min(std::numbers::pi * factor64, 32768.0)))
+        : factor64(ownsScaled(1, std::max(scaleFactor, -40))),
+          factor(ownsSplat(static_cast<Zel32f>(factor64))),
+          // Single precision is off by less than 1.5 * 2^-23 of the largest result.
+          sure(ownsSplat(
+              static_cast<Zel32f>(0.5 - 0x1.8p-23 * std::min(std::numbers::pi * factor64, 32768.0))))
     {
     }
 
@@ -56,8 +60,6 @@ class ScaledPhase {
     }
 
   private:
-    using V = OwnsVec<Zel32f>;
-
     static V where(__m128 condition, V x) { return _mm_and_ps(condition, x); }
     static V flip(V x, V sign) { return _mm_xor_ps(x, sign); }
 
@@ -94,22 +96,29 @@ class ScaledPhase {
         const V scaled = flip(ownsBounded(angle * factor, 32768), where(y, sign));
         const __m128i nearest = _mm_cvtps_epi32(scaled);
         const V rest = _mm_andnot_ps(sign, scaled - V(_mm_cvtepi32_ps(nearest)));
-        if (_mm_movemask_ps(_mm_cmpgt_ps(rest, ownsSplat(sure))) != 0) [[unlikely]]
-            return nearTie(re, im, factor64);
+        const int unsure = _mm_movemask_ps(_mm_cmpgt_ps(rest, sure));
+        if (unsure != 0) [[unlikely]]
+            return nearTie(re, im, nearest, unsure, factor64);
         return nearest;
     }
 
-    [[gnu::noinline]] static __m128i nearTie(__m128i re, __m128i im, Zel64f factor64)
+    [[gnu::noinline]] static __m128i nearTie(__m128i re, __m128i im, __m128i nearest, int unsure,
+                                             Zel64f factor64)
     {
         const auto two = [=](__m128i x, __m128i y) {
             const OwnsVec<Zel64f> angle = ownsAtan2(_mm_cvtepi32_pd(y), _mm_cvtepi32_pd(x));
             return _mm_cvttpd_epi32(ownsRoundedNear(ownsBounded(angle * factor64, 32767)));
         };
-        return _mm_unpacklo_epi64(two(re, im), two(_mm_srli_si128(re, 8), _mm_srli_si128(im, 8)));
+        if ((unsure & 3) != 0)
+            nearest = _mm_blend_epi16(two(re, im), nearest, 0xF0);
+        if ((unsure & 12) != 0)
+            nearest = _mm_unpacklo_epi64(nearest, two(_mm_srli_si128(re, 8), _mm_srli_si128(im, 8)));
+        return nearest;
     }
 
+    // Repeated over the lanes here, and not for each vector of elements anew.
     Zel64f factor64;
-    Zel32f factor, sure;
+    V factor, sure;
 };
 
 /// From 2 on the results are 0, although the largest angles would still round to 1 there: that is promised.

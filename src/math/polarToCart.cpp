@@ -53,10 +53,7 @@ class DoubleCartesian {
         return ownsAs<Zel16s>(_mm_packs_epi32(two(m, p), two(_mm_srli_si128(m, 8), _mm_srli_si128(p, 8))));
     }
 
-  private:
-    /// And finite.
-    static Zel64f powerOfTwo(int scaleFactor) { return ownsScaled(1, std::clamp(scaleFactor, -1000, 1000)); }
-
+    /// Two elements of integers, as integers.
     __m128i two(__m128i magn, __m128i phase) const
     {
         const auto nearest = [](OwnsVec<Zel64f> x) {
@@ -66,6 +63,10 @@ class DoubleCartesian {
                                      OwnsVec<Zel64f>(_mm_cvtepi32_pd(phase)) * phaseFactor);
         return _mm_unpacklo_epi32(nearest(parts.first), nearest(parts.second));
     }
+
+  private:
+    /// And finite.
+    static Zel64f powerOfTwo(int scaleFactor) { return ownsScaled(1, std::clamp(scaleFactor, -1000, 1000)); }
 
     Zel64f magnFactor, phaseFactor;
 };
@@ -80,8 +81,8 @@ class SingleCartesian {
 
     SingleCartesian(int magnScaleFactor, int phaseScaleFactor)
         : exact(magnScaleFactor, phaseScaleFactor),
-          magnFactor(static_cast<Zel32f>(ownsScaled(1, std::min(magnScaleFactor, 100)))),
-          sure(0.5f - 0x1.ap-9f * magnFactor)
+          magnFactor(ownsSplat(static_cast<Zel32f>(ownsScaled(1, std::min(magnScaleFactor, 100))))),
+          sure(0.5f - 0x1.48p-8f * magnFactor)
     {
         // 2^-phaseScaleFactor / (2 pi) in units of 2^-48 turns, without whole turns: the bits of 1 / (2 pi).
         constexpr auto turns =
@@ -89,8 +90,9 @@ class SingleCartesian {
         const auto shifted =
             phaseScaleFactor <= 0 ? turns << -phaseScaleFactor : turns >> std::min(phaseScaleFactor, 100);
         const auto factor = static_cast<Zel64u>((shifted >> 79) + 1) >> 1;
-        turnsLow = static_cast<Zel16s>(factor);
-        turnsHigh = static_cast<Zel32s>((factor - static_cast<Zel64u>(Zel64s{turnsLow})) >> 16);
+        const auto low = static_cast<Zel16s>(factor);
+        turnsLow = ownsSplat(low);
+        turnsHigh = ownsSplat(static_cast<Zel32s>((factor - static_cast<Zel64u>(Zel64s{low})) >> 16));
     }
 
     OwnsVec<Zel16s> operator()(OwnsVec<Zel16s> magn, OwnsVec<Zel16s> phase) const
@@ -98,14 +100,14 @@ class SingleCartesian {
         using V = OwnsVec<Zel32f>;
         // In units of 2^-32 turns, off by one of them; then less the nearest of the quarters, whose number is in
         // the upper two bits.
-        const __m128i low = _mm_cvtepi16_epi32(_mm_mulhi_epi16(ownsInt(phase), _mm_set1_epi16(turnsLow)));
-        const __m128i high = _mm_mullo_epi32(_mm_cvtepi16_epi32(ownsInt(phase)), _mm_set1_epi32(turnsHigh));
+        const __m128i low = _mm_cvtepi16_epi32(_mm_mulhi_epi16(ownsInt(phase), ownsInt(turnsLow)));
+        const __m128i high = _mm_mullo_epi32(_mm_cvtepi16_epi32(ownsInt(phase)), ownsInt(turnsHigh));
         const __m128i eighth = _mm_set1_epi32(1 << 29);
         const __m128i quarters = _mm_add_epi32(_mm_add_epi32(high, low), eighth);
         const __m128i beyond = _mm_sub_epi32(_mm_and_si128(quarters, _mm_set1_epi32((1 << 30) - 1)), eighth);
         const V r = V(_mm_cvtepi32_ps(beyond)) * 0x1.921fb6p-30f;
         const V z = r * r;
-        // Off by 2^-29 and 2^-33.
+        // Off by 2^-29 and 2^-33; what rounding adds makes less than 2.05 * 2^-24, and the product half a unit.
         const V sinR = r + r * (z * (-0x1.55554p-3f + z * (0x1.1105b4p-7f + z * -0x1.98da68p-13f)));
         const V cosR = 1 + z * (-0.5f + z * (0x1.55554ap-5f + z * (-0x1.6c0c8cp-10f + z * 0x1.9a025ap-16f)));
 
@@ -125,24 +127,34 @@ class SingleCartesian {
         const __m128i nearestIm = _mm_cvtps_epi32(im);
         const V restRe = _mm_andnot_ps(sign, re - V(_mm_cvtepi32_ps(nearestRe)));
         const V restIm = _mm_andnot_ps(sign, im - V(_mm_cvtepi32_ps(nearestIm)));
-        if (_mm_movemask_ps(_mm_cmpgt_ps(_mm_max_ps(restRe, restIm), _mm_set1_ps(sure))) != 0) [[unlikely]]
-            return nearTie(exact, magn, phase);
-        return ownsAs<Zel16s>(_mm_packs_epi32(_mm_unpacklo_epi32(nearestRe, nearestIm),
-                                              _mm_unpackhi_epi32(nearestRe, nearestIm)));
+        const __m128i first = _mm_unpacklo_epi32(nearestRe, nearestIm);
+        const __m128i second = _mm_unpackhi_epi32(nearestRe, nearestIm);
+        const int unsure = _mm_movemask_ps(_mm_cmpgt_ps(_mm_max_ps(restRe, restIm), sure));
+        if (unsure != 0) [[unlikely]]
+            return nearTie(exact, magn, phase, first, second, unsure);
+        return ownsAs<Zel16s>(_mm_packs_epi32(first, second));
     }
 
   private:
     [[gnu::noinline]] static OwnsVec<Zel16s> nearTie(const DoubleCartesian& exact, OwnsVec<Zel16s> magn,
-                                                     OwnsVec<Zel16s> phase)
+                                                     OwnsVec<Zel16s> phase, __m128i first, __m128i second,
+                                                     int unsure)
     {
-        return exact(magn, phase);
+        const __m128i m = _mm_cvtepi16_epi32(ownsInt(magn));
+        const __m128i p = _mm_cvtepi16_epi32(ownsInt(phase));
+        if ((unsure & 3) != 0)
+            first = exact.two(m, p);
+        if ((unsure & 12) != 0)
+            second = exact.two(_mm_srli_si128(m, 8), _mm_srli_si128(p, 8));
+        return ownsAs<Zel16s>(_mm_packs_epi32(first, second));
     }
 
+    // Repeated over the lanes here, and not for each vector of elements anew.
     DoubleCartesian exact;
-    Zel32f magnFactor;
-    Zel32f sure; ///< the largest distance from an integer that leaves no doubt about the nearest one
-    Zel32s turnsHigh;
-    Zel16s turnsLow;
+    OwnsVec<Zel32f> magnFactor;
+    OwnsVec<Zel32f> sure; ///< the largest distance from an integer that leaves no doubt about the nearest one
+    OwnsVec<Zel32s> turnsHigh;
+    OwnsVec<Zel16s> turnsLow;
 };
 
 } // namespace
