@@ -1,5 +1,5 @@
 /** @file
- *  Mathematical functions of vectors: squares, roots, magnitudes, powers, normalisation.
+ *  Mathematical functions of vectors: squares, roots, exponentials, logarithms, polar geometry, powers, normalisation.
  */
 #ifndef ZELS_MATH_H
 #define ZELS_MATH_H
@@ -96,6 +96,79 @@ ZELS_API ZelStatus zelsSqrt_16sc_ISfs(Zel16sc* pSrcDst, int len, int scaleFactor
 ZELS_API ZelStatus zelsSqrt_32s16s_Sfs(const Zel32s* pSrc, Zel16s* pDst, int len, int scaleFactor);
 /** @} */
 
+/** @name Cube root
+ *  The real cube root of each element, of its sign. In zelsCubrt_32f the error is below 0.51 units in the last
+ * place over all arguments; roots of cubes are exact.
+ *
+ *  zelsCubrt_32s16s_Sfs takes the root in single precision, of the element rounded to that by the caller's mode,
+ * and rounds it to the nearest integer, ties to even.
+ *  @param pSrc source
+ *  @param pDst destination
+ *  @param len length in elements
+ *  @param scaleFactor the result is divided by 2 to this power
+ *  @return #zelErrNullPtr for a null pointer, else #zelErrSize for a length below 1, else #zelStatusOk
+ *  @{
+ */
+ZELS_API ZelStatus zelsCubrt_32f(const Zel32f* pSrc, Zel32f* pDst, int len);
+ZELS_API ZelStatus zelsCubrt_32s16s_Sfs(const Zel32s* pSrc, Zel16s* pDst, int len, int scaleFactor);
+/** @} */
+
+/** @name Exponential
+ *  `exp(x)`, with the special values of the standard function and without a warning for results that overflow or
+ * underflow. The error is below 0.98 units in the last place in `32f` and below 0.77 in `64f`, rounding to nearest.
+ *  In `32f` all above 88.72283 gives infinity, all below -103.97208 gives 0.
+ *
+ *  The scaled forms give `exp(x) * 2^-scaleFactor` with one half added, without its fraction, saturated. Scale
+ * factors count modulo 128, towards 0: 129 acts as 1, -129 as -1. The destination of zelsExp_32s_Sfs may begin
+ * anywhere before the source and overlap it.
+ *  @param pSrc source
+ *  @param pDst destination
+ *  @param pSrcDst source and destination
+ *  @param len length in elements
+ *  @param scaleFactor the result is divided by 2 to this power
+ *  @return #zelErrNullPtr for a null pointer, else #zelErrSize for a length below 1, else #zelStatusOk
+ *  @{
+ */
+ZELS_API ZelStatus zelsExp_32f(const Zel32f* pSrc, Zel32f* pDst, int len);
+ZELS_API ZelStatus zelsExp_32f_I(Zel32f* pSrcDst, int len);
+ZELS_API ZelStatus zelsExp_64f(const Zel64f* pSrc, Zel64f* pDst, int len);
+ZELS_API ZelStatus zelsExp_64f_I(Zel64f* pSrcDst, int len);
+ZELS_API ZelStatus zelsExp_16s_Sfs(const Zel16s* pSrc, Zel16s* pDst, int len, int scaleFactor);
+ZELS_API ZelStatus zelsExp_16s_ISfs(Zel16s* pSrcDst, int len, int scaleFactor);
+ZELS_API ZelStatus zelsExp_32s_Sfs(const Zel32s* pSrc, Zel32s* pDst, int len, int scaleFactor);
+ZELS_API ZelStatus zelsExp_32s_ISfs(Zel32s* pSrcDst, int len, int scaleFactor);
+/** @} */
+
+/** @name Natural logarithm
+ *  `ln(x)`: minus infinity for 0 of either sign, NaN for a negative element. The error is below 0.87 units in the
+ * last place in `32f` and below 0.51 in `64f`, rounding to nearest. All elements are done in any case; then a zero
+ * anywhere gives #zelWarnLnZero, else a negative element #zelWarnLnNegative.
+ *
+ *  In the scaled forms an element below 1 gives the least integer of the type, and here the first such element
+ * alone settles the warning. The others, by scale factor:
+ *  - zelsLn_16s_Sfs rounds `ln(x) * 2^-scaleFactor` to the nearest integer; factors from -1 to -13 compute in
+ * single precision.
+ *  - zelsLn_32s_Sfs with a factor of 0 or more rounds `ln(x)` to the nearest integer first and then shifts it
+ * right by the lower five bits of the factor, which truncates; below 0 it computes in single precision.
+ *  @param pSrc source
+ *  @param pDst destination
+ *  @param pSrcDst source and destination
+ *  @param len length in elements
+ *  @param scaleFactor the result is divided by 2 to this power
+ *  @return #zelErrNullPtr for a null pointer, else #zelErrSize for a length below 1, else #zelWarnLnZero or
+ *  #zelWarnLnNegative as told above, else #zelStatusOk
+ *  @{
+ */
+ZELS_API ZelStatus zelsLn_32f(const Zel32f* pSrc, Zel32f* pDst, int len);
+ZELS_API ZelStatus zelsLn_32f_I(Zel32f* pSrcDst, int len);
+ZELS_API ZelStatus zelsLn_64f(const Zel64f* pSrc, Zel64f* pDst, int len);
+ZELS_API ZelStatus zelsLn_64f_I(Zel64f* pSrcDst, int len);
+ZELS_API ZelStatus zelsLn_16s_Sfs(const Zel16s* pSrc, Zel16s* pDst, int len, int scaleFactor);
+ZELS_API ZelStatus zelsLn_16s_ISfs(Zel16s* pSrcDst, int len, int scaleFactor);
+ZELS_API ZelStatus zelsLn_32s_Sfs(const Zel32s* pSrc, Zel32s* pDst, int len, int scaleFactor);
+ZELS_API ZelStatus zelsLn_32s_ISfs(Zel32s* pSrcDst, int len, int scaleFactor);
+/** @} */
+
 /** @name Magnitude
  *  `sqrt(re^2 + im^2)`, from two vectors of parts or from complex elements.
  *
@@ -132,6 +205,103 @@ ZELS_API ZelStatus zelsMagnitude_16s_Sfs(const Zel16s* pSrcRe, const Zel16s* pSr
                                          int scaleFactor);
 ZELS_API ZelStatus zelsMagnitude_16sc_Sfs(const Zel16sc* pSrc, Zel16s* pDst, int len, int scaleFactor);
 ZELS_API ZelStatus zelsMagnitude_32sc_Sfs(const Zel32sc* pSrc, Zel32s* pDst, int len, int scaleFactor);
+/** @} */
+
+/** @name Arctangent
+ *  `pDst[n] = atan(pSrc[n])`, between -pi/2 and pi/2, for every argument, within 1 unit in the last place, rounding
+ * to nearest.
+ *  @param pSrc source
+ *  @param pDst destination
+ *  @param pSrcDst source and destination
+ *  @param len length in elements
+ *  @return #zelErrNullPtr for a null pointer, else #zelErrSize for a length below 1, else #zelStatusOk
+ *  @{
+ */
+ZELS_API ZelStatus zelsArctan_32f(const Zel32f* pSrc, Zel32f* pDst, int len);
+ZELS_API ZelStatus zelsArctan_32f_I(Zel32f* pSrcDst, int len);
+ZELS_API ZelStatus zelsArctan_64f(const Zel64f* pSrc, Zel64f* pDst, int len);
+ZELS_API ZelStatus zelsArctan_64f_I(Zel64f* pSrcDst, int len);
+/** @} */
+
+/** @name Phase
+ *  `atan2(im, re)`, between -pi and pi, from two vectors of parts or from complex elements. Zeros of either sign,
+ * infinities and NaN give what the standard function gives. Float results are within
+ * 1 unit in the last place, rounding to nearest.
+ *
+ *  The scaled forms round the exact angle times 2 to the power -`scaleFactor` to nearest in every rounding mode,
+ * and saturate; but every scale factor above 1 gives 0, although pi / 4 rounds to 1.
+ *  @param pSrcRe real parts
+ *  @param pSrcIm imaginary parts
+ *  @param pSrc source
+ *  @param pDst destination
+ *  @param len length in elements
+ *  @param scaleFactor the result is divided by 2 to this power
+ *  @return #zelErrNullPtr for a null pointer, else #zelErrSize for a length below 1, else #zelStatusOk
+ *  @{
+ */
+ZELS_API ZelStatus zelsPhase_32f(const Zel32f* pSrcRe, const Zel32f* pSrcIm, Zel32f* pDst, int len);
+ZELS_API ZelStatus zelsPhase_64f(const Zel64f* pSrcRe, const Zel64f* pSrcIm, Zel64f* pDst, int len);
+ZELS_API ZelStatus zelsPhase_32fc(const Zel32fc* pSrc, Zel32f* pDst, int len);
+ZELS_API ZelStatus zelsPhase_64fc(const Zel64fc* pSrc, Zel64f* pDst, int len);
+ZELS_API ZelStatus zelsPhase_16s32f(const Zel16s* pSrcRe, const Zel16s* pSrcIm, Zel32f* pDst, int len);
+ZELS_API ZelStatus zelsPhase_16sc32f(const Zel16sc* pSrc, Zel32f* pDst, int len);
+ZELS_API ZelStatus zelsPhase_16s_Sfs(const Zel16s* pSrcRe, const Zel16s* pSrcIm, Zel16s* pDst, int len,
+                                     int scaleFactor);
+ZELS_API ZelStatus zelsPhase_16sc_Sfs(const Zel16sc* pSrc, Zel16s* pDst, int len, int scaleFactor);
+/** @} */
+
+/** @name Cartesian to polar form
+ *  Magnitude and phase of each element: the results of zelsMagnitude and zelsPhase of the same type and scale
+ * factor. In the float forms the destinations may be the sources.
+ *  @param pSrcRe real parts
+ *  @param pSrcIm imaginary parts
+ *  @param pSrc source
+ *  @param pDstMagn magnitudes
+ *  @param pDstPhase phases
+ *  @param len length in elements
+ *  @param magnScaleFactor the magnitude is divided by 2 to this power
+ *  @param phaseScaleFactor the phase is divided by 2 to this power
+ *  @return #zelErrNullPtr for a null pointer, else #zelErrSize for a length below 1, else #zelStatusOk
+ *  @{
+ */
+ZELS_API ZelStatus zelsCartToPolar_32f(const Zel32f* pSrcRe, const Zel32f* pSrcIm, Zel32f* pDstMagn,
+                                       Zel32f* pDstPhase, int len);
+ZELS_API ZelStatus zelsCartToPolar_64f(const Zel64f* pSrcRe, const Zel64f* pSrcIm, Zel64f* pDstMagn,
+                                       Zel64f* pDstPhase, int len);
+ZELS_API ZelStatus zelsCartToPolar_32fc(const Zel32fc* pSrc, Zel32f* pDstMagn, Zel32f* pDstPhase, int len);
+ZELS_API ZelStatus zelsCartToPolar_64fc(const Zel64fc* pSrc, Zel64f* pDstMagn, Zel64f* pDstPhase, int len);
+ZELS_API ZelStatus zelsCartToPolar_16sc_Sfs(const Zel16sc* pSrc, Zel16s* pDstMagn, Zel16s* pDstPhase, int len,
+                                            int magnScaleFactor, int phaseScaleFactor);
+/** @} */
+
+/** @name Polar to Cartesian form
+ *  `re = magn * cos(phase)`, `im = magn * sin(phase)`, for phases of any size. Sine and cosine are within 1 unit in
+ * the last place, rounding to nearest, and each product is rounded once more. In the split forms the destinations
+ * may be the sources.
+ *
+ *  The scaled form takes `magn * 2^-magnScaleFactor` and `phase * 2^-phaseScaleFactor` for magnitude and phase,
+ * rounds the exact parts to nearest in every rounding mode, and saturates them.
+ *  @param pSrcMagn magnitudes
+ *  @param pSrcPhase phases
+ *  @param pDstRe real parts
+ *  @param pDstIm imaginary parts
+ *  @param pDst destination
+ *  @param len length in elements
+ *  @param magnScaleFactor the magnitude is divided by 2 to this power
+ *  @param phaseScaleFactor the phase is divided by 2 to this power
+ *  @return #zelErrNullPtr for a null pointer, else #zelErrSize for a length below 1, else #zelStatusOk
+ *  @{
+ */
+ZELS_API ZelStatus zelsPolarToCart_32f(const Zel32f* pSrcMagn, const Zel32f* pSrcPhase, Zel32f* pDstRe,
+                                       Zel32f* pDstIm, int len);
+ZELS_API ZelStatus zelsPolarToCart_64f(const Zel64f* pSrcMagn, const Zel64f* pSrcPhase, Zel64f* pDstRe,
+                                       Zel64f* pDstIm, int len);
+ZELS_API ZelStatus zelsPolarToCart_32fc(const Zel32f* pSrcMagn, const Zel32f* pSrcPhase, Zel32fc* pDst,
+                                        int len);
+ZELS_API ZelStatus zelsPolarToCart_64fc(const Zel64f* pSrcMagn, const Zel64f* pSrcPhase, Zel64fc* pDst,
+                                        int len);
+ZELS_API ZelStatus zelsPolarToCart_16sc_Sfs(const Zel16s* pSrcMagn, const Zel16s* pSrcPhase, Zel16sc* pDst,
+                                            int len, int magnScaleFactor, int phaseScaleFactor);
 /** @} */
 
 /** @name Power

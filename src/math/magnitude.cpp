@@ -1,45 +1,21 @@
 // Magnitude of complex data: Magnitude.
-//
-// Single precision takes one Newton step from the processor's estimate, on partly filled vectors too, so that
-// an element's result depends neither on its place nor on the length.
+#include "math/magnitude.h"
 #include "frame/entry.h"
 #include "frame/scaledMap.h"
-#include "math/hypot.h"
-#include "math/root.h"
-#include "math/squares.h"
+#include "math/polar.h"
 #include "zels.h"
-
-#include <bit>
-#include <cfloat>
 
 namespace {
 
-/// A sum that overflowed gives NaN, infinity times the estimate 0, and that is promised. Below the normal
-/// numbers there is no estimate.
-constexpr auto magnitude32 = [](auto... x) {
-    const OwnsVec<Zel32f> s = ownsSumOfSquares(x...);
-    OwnsVec<Zel32f> root = ownsRootStep(s, _mm_rsqrt_ps(s));
-    // As integers the bits of small sums are those below FLT_MIN; that of a negative NaN does no harm here.
-    const OwnsVec<Zel32s> fromNormal = ownsAs<Zel32s>(s) - std::bit_cast<Zel32s>(FLT_MIN);
-    if (_mm_movemask_ps(ownsFloat(fromNormal)) != 0) [[unlikely]]
-        root = _mm_blendv_ps(root, _mm_sqrt_ps(s), ownsFloat(fromNormal));
-    return root;
-};
+constexpr auto magnitude32 = [](auto... x) { return ownsMagnitudeOf(ownsSumOfSquares(x...)); };
+
+constexpr OwnsOnParts magnitude64{[](auto re, auto im) { return ownsMagnitude(re, im); }};
 
 /// Sums of integers are 0 or at least 1, and for 0 any finite estimate gives 0.
 constexpr auto magnitudeOf16 = [](auto... x) {
     const OwnsVec<Zel32f> s = ownsUnsigned32f(ownsSquares4(x...));
     return ownsRootStep(s, _mm_rsqrt_ps(_mm_max_ps(s, _mm_set1_ps(1))));
 };
-
-struct Magnitude64 {
-    OwnsF64x2 operator()(OwnsF64x2 re, OwnsF64x2 im) const { return ownsHypot(re, im); }
-    OwnsF64x2 operator()(OwnsVecs<Zel64fc, 2> x) const
-    {
-        return ownsHypot(_mm_unpacklo_pd(x.v[0], x.v[1]), _mm_unpackhi_pd(x.v[0], x.v[1]));
-    }
-};
-constexpr Magnitude64 magnitude64;
 
 /// At 16 the largest magnitudes would still round to 1, at 33 to 0: the table holds.
 constexpr OwnsScaleLimits limitsMagnitude_16s{16, -15};

@@ -21,15 +21,18 @@ inline OwnsVec<Zel32f> ownsUnsigned32f(OwnsVec<Zel32s> n)
 
 /// sqrt(n) * 2^(-scaleFactor) for exact integers from 0 to 2^31, rounded to nearest with ties to even, whatever
 /// the caller's rounding mode. Results below `limit` are exact, larger ones come out as at least that, for the
-/// packing to saturate.
+/// packing to saturate: their squares do not fit, but whatever the comparison says, j and j + 1 are large enough.
 ///
-/// A float root is off by less than 1/64, and so its integer part j has j - 1/64 < root < j + 1 + 1/64. The
+/// With `isSigned` n is below 2^31. A float root is off by less than 1/64, and so its integer part j has j - 1/64 < root < j + 1 + 1/64. The
 /// result is j, or j + 1 from j + 1/2 on, where the square is j^2 + j + 1/4.
-template <int limit>
+template <int limit, bool isSigned = false>
 struct OwnsIntegerRoot {
     using V = OwnsVec<Zel32s>;
 
-    static OwnsVec<Zel32f> approximate(V n) { return _mm_sqrt_ps(ownsUnsigned32f(n)); }
+    static OwnsVec<Zel32f> approximate(V n)
+    {
+        return _mm_sqrt_ps(isSigned ? OwnsVec<Zel32f>(_mm_cvtepi32_ps(ownsInt(n))) : ownsUnsigned32f(n));
+    }
 
     /// Of numbers of 15 bits in one instruction.
     static V smallSquare(V j) { return ownsAs<Zel32s>(_mm_madd_epi16(ownsInt(j), ownsInt(j))); }
@@ -43,7 +46,7 @@ struct OwnsIntegerRoot {
     static V left(V n, int shift)
     {
         const OwnsVec<Zel32f> root = approximate(n) * static_cast<Zel32f>(1 << shift);
-        const V j = ownsAs<Zel32s>(_mm_cvttps_epi32(_mm_min_ps(root, _mm_set1_ps(limit))));
+        const V j = ownsAs<Zel32s>(_mm_cvttps_epi32(root));
         const V exact = shift == 0 ? n : ownsAs<Zel32s>(_mm_sll_epi32(ownsInt(n), ownsCount(2 * shift)));
         return j - (exact - square(j) > j);
     }

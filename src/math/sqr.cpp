@@ -2,13 +2,27 @@
 // that product, which are those of the exact rule here too.
 #include "frame/entry.h"
 #include "frame/map.h"
+#include "math/polar.h"
 #include "zels.h"
 
 namespace {
 
 constexpr auto square = [](auto x) { return x * x; };
 
-constexpr auto squareComplex = [](auto x) { return ownsComplexMul(x, x); };
+/// The product of an element with itself, from its parts taken apart: fewer shuffles than the product in place.
+constexpr OwnsOnParts squareOfParts{[]<class V>(V re, V im) -> OwnsParts2<V> {
+    const V product = re * im;
+    return {re * re - im * im, product + product};
+}};
+
+template <class C>
+[[gnu::always_inline]] inline ZelStatus squareComplex(const C* pSrc, C* pDst, int len)
+{
+    if (const ZelStatus status = ownsCheck(len, pSrc, pDst); status != zelStatusOk)
+        return status;
+    ownsMapParts<OwnsPart<C>>(squareOfParts, OwnsComplexArray<C>{pDst}, len, pSrc);
+    return zelStatusOk;
+}
 
 } // namespace
 
@@ -54,7 +68,7 @@ ZelStatus zelsSqr_64f_I_L(Zel64f* pSrcDst, ZelSize len)
 
 ZelStatus zelsSqr_32fc(const Zel32fc* pSrc, Zel32fc* pDst, int len)
 {
-    return ownsRun<shape_32fc>(squareComplex, pDst, len, pSrc);
+    return squareComplex(pSrc, pDst, len);
 }
 
 ZelStatus zelsSqr_32fc_I(Zel32fc* pSrcDst, int len)
@@ -74,7 +88,7 @@ ZelStatus zelsSqr_32fc_I_L(Zel32fc* pSrcDst, ZelSize len)
 
 ZelStatus zelsSqr_64fc(const Zel64fc* pSrc, Zel64fc* pDst, int len)
 {
-    return ownsRun<shape_64fc>(squareComplex, pDst, len, pSrc);
+    return squareComplex(pSrc, pDst, len);
 }
 
 ZelStatus zelsSqr_64fc_I(Zel64fc* pSrcDst, int len)
