@@ -10,7 +10,7 @@
 // the zeros behind the last element for elements has a form part(n, vectors...) for these. A source narrower
 // than the destination arrives in the low lanes of its vector, a wider one as OwnsVecs: see ownsTake. Where all
 // sources are half as wide as the destination, an operation may have a form pair(vectors...) for whole vectors of
-// them, which gives two destination vectors.
+// them, which gives two destination vectors; where they are as wide, that form takes two vectors of each.
 
 /// Marks an operation whose vectors estimate what single elements compute truly: it has a form for single
 /// elements too, and short vectors, peel and tail take that one.
@@ -60,6 +60,10 @@ template <class Op, class D, class Store, class... S>
     constexpr ZelSize lanes = ownsLanes<D>;
     if constexpr (requires { op.pair(ownsLoad(pSrc)...); }) {
         const OwnsVecs<D, 2> both = op.pair(ownsLoad(pSrc)...);
+        store(pDst, both.v[0]);
+        store(pDst + lanes, both.v[1]);
+    } else if constexpr (requires { op.pair(OwnsVecs<S, 2>{}...); }) {
+        const OwnsVecs<D, 2> both = op.pair(OwnsVecs<S, 2>{{ownsLoad(pSrc), ownsLoad(pSrc + lanes)}}...);
         store(pDst, both.v[0]);
         store(pDst + lanes, both.v[1]);
     } else {
