@@ -87,7 +87,7 @@ struct AddProduct16s32s {
     template <class Path>
     static OwnsVec<Zel32s> apply(Path path, OwnsVec<Zel32s> sum, OwnsVec<Zel16s> a, OwnsVec<Zel16s> b)
     {
-        return OwnsSum<Zel32s>::apply(path, sum, mulWidened16s(a, b));
+        return OwnsSum32s::apply(path, sum, mulWidened16s(a, b));
     }
 };
 

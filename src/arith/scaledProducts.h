@@ -297,13 +297,13 @@ struct OwnsProduct8u {
     }
     static V apply(OwnsShiftedRight path, V a, V b)
     {
-        return inLanes16(a, b, [=](__m128i x) {
-            return ownsInt(ownsRoundedRight(ownsAs<Zel16u>(x), OwnsVec<Zel16u>{}, path.shift));
-        });
+        return inLanes16(a, b,
+                         [=](__m128i x) { return ownsInt(ownsRoundedRight(ownsAs<Zel16u>(x), path.shift)); });
     }
     static V apply(OwnsShiftedLeft path, V a, V b)
     {
-        return inLanes16(a, b, [=](__m128i x) { return _mm_sll_epi16(bounded(x), ownsCount(path.shift)); });
+        const __m128i factor = _mm_set1_epi16(static_cast<short>(1 << path.shift));
+        return inLanes16(a, b, [=](__m128i x) { return _mm_mullo_epi16(bounded(x), factor); });
     }
     static V apply(OwnsBySign, V a, V b) { return ownsSaturatedBySign(ownsSignOfProduct(a, b)); }
 };
