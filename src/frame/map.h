@@ -20,6 +20,21 @@ concept OwnsEstimates = requires
     typename Op::Estimates;
 };
 
+/// How much code an operation is worth. It tells by a constant `code`; without one all is made for speed.
+enum class OwnsCode {
+    fast, ///< the usual lengths of tails have copies of the operation
+    compact, ///< one copy for all tails, which is some nanoseconds slower there: for operations of many instructions
+    least, ///< one vector a round too, at any alignment: for what is seldom asked for
+};
+template <class Op>
+inline constexpr OwnsCode ownsCodeOf = OwnsCode::fast;
+template <class Op>
+requires requires
+{
+    Op::code;
+}
+inline constexpr OwnsCode ownsCodeOf<Op> = Op::code;
+
 namespace owns_detail {
 
 /// `count` elements from the `i`-th on, fewer than a vector has lanes.
@@ -43,6 +58,9 @@ template <class Op, class D, class... S>
     if constexpr (OwnsEstimates<Op>) {
         for (const ZelSize end = i + rest; i < end; i++)
             ownsPut(pDst + i, op(ownsGet(pSrc + i)...));
+    } else if constexpr (ownsCodeOf<Op> != OwnsCode::fast) {
+        if (const int count = rest & (lanes - 1); count != 0) [[likely]]
+            part(op, pDst, i, count, pSrc...);
     } else {
         if constexpr (lanes > 2)
             if (rest & (lanes / 2)) [[likely]]
@@ -89,6 +107,11 @@ template <OwnsShape shape, class Op, class D, class... S>
 {
     constexpr ZelSize lanes = ownsLanes<D>;
     ZelSize i = 0;
+    if constexpr (ownsCodeOf<Op> == OwnsCode::least) {
+        for (; i <= len - lanes; i += lanes)
+            ownsStore(pDst + i, op(ownsTake<D>(pSrc + i)...));
+        return owns_detail::few(op, pDst, i, static_cast<int>(len - i), pSrc...);
+    }
     if constexpr (OwnsEstimates<Op>)
         if (len < shape.cut)
             return owns_detail::few(op, pDst, i, static_cast<int>(len), pSrc...);
