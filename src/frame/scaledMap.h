@@ -156,6 +156,19 @@ template <OwnsScaleLimits limits, OwnsShape shape, class Op, class D, class... S
     return zelStatusOk;
 }
 
+/// A division by 2^scaleFactor alone, behind the checks, where the factor is from 1 on: for operations that differ
+/// from each other in nothing else.
+template <OwnsScaleLimits limits, OwnsShape shape, class Op, class D, class S>
+[[gnu::always_inline]] inline void ownsMapShiftedRight(int scaleFactor, D* pDst, ZelSize len, const S* pSrc)
+{
+    if (scaleFactor >= limits.zero)
+        ownsZero(pDst, len);
+    else
+        owns_detail::withPath<Op>(OwnsShiftedRight{scaleFactor}, [=](auto path) {
+            owns_detail::scaledKernel<shape, Op>(path, pDst, len, pSrc);
+        });
+}
+
 /// The entry of a scaled operation on a vector and a constant, behind the checks and short cuts.
 template <OwnsScaleLimits limits, OwnsShape shape, class Op, class T>
 [[gnu::always_inline]] inline ZelStatus ownsMapScaled(int scaleFactor, T* pDst, ZelSize len, const T* pSrc,
