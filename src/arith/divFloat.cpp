@@ -114,7 +114,35 @@ struct DivideComplex {
     }
     V part(int n, V a, V b) const { return (*this)(ownsPaddedDivisor<C>(a, n), b); }
 
+    /// The same with real and imaginary parts in vectors of their own. A sum of 0 comes of small divisors, too.
+    OwnsVecs<C, 2> pair(OwnsVecs<C, 2> a, OwnsVecs<C, 2> b) const
+    {
+        const auto [re, im] = apart(a);
+        const auto [bRe, bIm] = apart(b);
+        const V sum = re * re + im * im;
+        if (_mm_movemask_epi8(ownsInt(sum == 0)) != 0) [[unlikely]]
+            return {{(*this)(a.v[0], b.v[0]), (*this)(a.v[1], b.v[1])}};
+        return together((bRe * re + bIm * im) / sum, (bIm * re - bRe * im) / sum);
+    }
+
   private:
+    struct Parts {
+        V re, im;
+    };
+    static Parts apart(OwnsVecs<C, 2> x)
+    {
+        if constexpr (sizeof(C) == 8)
+            return {_mm_shuffle_ps(x.v[0], x.v[1], 0x88), _mm_shuffle_ps(x.v[0], x.v[1], 0xDD)};
+        else
+            return {_mm_unpacklo_pd(x.v[0], x.v[1]), _mm_unpackhi_pd(x.v[0], x.v[1])};
+    }
+    static OwnsVecs<C, 2> together(V re, V im)
+    {
+        if constexpr (sizeof(C) == 8)
+            return {{_mm_unpacklo_ps(re, im), _mm_unpackhi_ps(re, im)}};
+        else
+            return {{_mm_unpacklo_pd(re, im), _mm_unpackhi_pd(re, im)}};
+    }
     static __m128i bothParts(__m128i each)
     {
         if constexpr (sizeof(C) == 8)
