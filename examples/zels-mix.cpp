@@ -1,7 +1,7 @@
-// zels-mix: mixes 16-bit recordings into one and draws what it did.
+// zels-mix: mixes recordings into one and draws what it did.
 //
 // All arithmetic on samples is done by zels, a block at a time:
-//   16-bit samples -> float -> times the gain -> times the fades -> added to the mix -> 16-bit samples.
+//   samples of 16 or 24 bits or floats -> float -> times the gain -> times the fades -> added to the mix -> samples.
 #include <algorithm>
 #include <chrono>
 #include <cmath>
@@ -27,10 +27,11 @@ using namespace support;
 namespace {
 
 constexpr const char* help =
-    R"(usage: zels-mix [-o OUT.wav] [--plot OUT.png] [--fade SECONDS] IN.wav[:GAIN] ...
+    R"(usage: zels-mix [-o OUT.wav] [--plot OUT.png] [--fade SECONDS] [--format FORMAT]
+                IN.wav[:GAIN] ...
 
-Mixes 16-bit recordings of one rate and one number of channels into one that is as
-long as the longest of them.
+Mixes recordings of one rate and one number of channels into one that is as long as
+the longest of them. Their samples are integers of 16, 24 or 32 bits or floats.
 
   IN.wav[:GAIN]     a recording, and its gain in decibels, such as voice.wav:-6 (without: 0);
                     a name that ends in a colon and a number is taken as a name if there is
@@ -39,6 +40,8 @@ long as the longest of them.
   --plot OUT.png    also draws the waveforms of the recordings and of the mix
   --fade SECONDS    how long each recording fades in at its start and out at its end
                     (without: 0.01; 0 leaves the samples as they are)
+  --format FORMAT   the samples of the mix: 16 bits, 24 bits or float (without: those of
+                    the finest recording)
   --help            prints this text
 
 Exit status: 0 if all went well, 1 if not; then no file is left behind.
@@ -48,6 +51,7 @@ struct Request {
     std::string mixPath = "mix.wav";
     std::optional<std::string> plotPath;
     double fadeSeconds = 0.01;
+    std::optional<SampleFormat> format;
     std::vector<std::string> sources;
 };
 
@@ -61,11 +65,10 @@ struct Source {
 /// What the command line asks for; nothing if it asked for help alone.
 std::optional<Request> readCommandLine(int argc, char** argv)
 {
-    static const option options[] = {{"output", required_argument, nullptr, 'o'},
-                                     {"plot", required_argument, nullptr, 'p'},
-                                     {"fade", required_argument, nullptr, 'f'},
-                                     {"help", no_argument, nullptr, 'h'},
-                                     {}};
+    static const option options[] = {
+        {"output", required_argument, nullptr, 'o'}, {"plot", required_argument, nullptr, 'p'},
+        {"fade", required_argument, nullptr, 'f'},   {"format", required_argument, nullptr, 'F'},
+        {"help", no_argument, nullptr, 'h'},         {}};
     Request request;
     for (int c; (c = getopt_long(argc, argv, "o:h", options, nullptr)) != -1;) {
         if (c == 'o') {
@@ -77,6 +80,13 @@ std::optional<Request> readCommandLine(int argc, char** argv)
             if (!seconds || *seconds < 0 || *seconds > 60)
                 throw Failure(text("--fade %s: give a number of seconds from 0 to 60", optarg));
             request.fadeSeconds = *seconds;
+        } else if (c == 'F') {
+            const std::string_view name = optarg;
+            if (name != "16" && name != "24" && name != "float")
+                throw Failure(text("--format %s: give 16, 24 or float", optarg));
+            request.format = name == "16"   ? SampleFormat::bits16
+                             : name == "24" ? SampleFormat::bits24
+                                            : SampleFormat::floating;
         } else if (c == 'h') {
             std::fputs(help, stdout);
             return std::nullopt;
@@ -116,7 +126,7 @@ std::list<Source> openSources(const std::vector<std::string>& words)
     std::list<Source> sources;
     for (const std::string& word : words) {
         const auto [name, gain] = nameAndGain(word);
-        sources.push_back({Recording(name), gain, Envelope(0, 1, 0)});
+        sources.push_back({Recording(name, SampleFormat::floating), gain, Envelope(0, 1, 0)});
         const Recording& first = sources.front().recording;
         const Recording& last = sources.back().recording;
         if (last.rate() != first.rate())
@@ -174,13 +184,21 @@ class Fader {
     Samples<Zel32f> position_, ramp_;
 };
 
+/// What does not fit the samples of the mix, once it is rounded; floats hold everything.
+Clipping clippingOf(SampleFormat format)
+{
+    constexpr double half24 = 0.5 / 256;
+    return format == SampleFormat::bits16   ? Clipping{}
+           : format == SampleFormat::bits24 ? Clipping{-32768 - half24, 32768 - half24}
+                                            : Clipping{-HUGE_VAL, HUGE_VAL};
+}
+
 /// Mixes all sources into `writer`, and fills the outlines of the mix and, where wanted, of the sources.
 void mix(std::list<Source>& sources, double fadeSeconds, WaveWriter& writer, Envelope& outline,
          long long frames, bool outlineSources)
 {
     const int channels = sources.front().recording.channels();
     const int block = blockFrames(channels);
-    const Samples<Zel16s> file = samples16s(block * channels);
     const Samples<Zel32f> part = samples32f(block * channels), sum = samples32f(block * channels);
     Fader fader(std::llround(fadeSeconds * sources.front().recording.rate()), channels);
     long long work = 0;
@@ -197,8 +215,7 @@ void mix(std::list<Source>& sources, double fadeSeconds, WaveWriter& writer, Env
                 continue;
             const int here = static_cast<int>(std::min<long long>(length, left));
             const int count = here * channels;
-            source.recording.read(file.get(), here);
-            ok(zelsConvert_16s32f(file.get(), part.get(), count));
+            source.recording.read(part.get(), here);
             ok(zelsMulC_32f_I(static_cast<float>(std::pow(10, source.gain / 20)), part.get(), count));
             fader.apply(part.get(), start, here, source.recording.frames());
             ok(zelsAdd_32f_I(part.get(), sum.get(), count));
@@ -207,8 +224,7 @@ void mix(std::list<Source>& sources, double fadeSeconds, WaveWriter& writer, Env
             progress.advance(count);
         }
         outline.add(sum.get(), length);
-        ok(zelsConvert_32f16s_Sfs(sum.get(), file.get(), length * channels, zelRndNear, 0));
-        writer.write(file.get(), length);
+        writer.write(sum.get(), length);
     }
     writer.finish();
 }
@@ -337,11 +353,15 @@ int run(int argc, char** argv)
     long long frames = 0;
     for (const Source& source : sources)
         frames = std::max(frames, source.recording.frames());
-    Envelope outline(frames, first.channels(), plotWidth);
+    SampleFormat format = request.format.value_or(SampleFormat::bits16);
+    if (!request.format)
+        for (const Source& source : sources)
+            format = std::max(format, source.recording.format());
+    Envelope outline(frames, first.channels(), plotWidth, clippingOf(format));
     for (Source& source : sources)
         source.envelope = outline;
 
-    WaveWriter writer(request.mixPath, first.rate(), first.channels(), frames);
+    WaveWriter writer(request.mixPath, format, first.rate(), first.channels(), frames);
     std::optional<OutputFile> plot;
     if (request.plotPath)
         plot.emplace(*request.plotPath);
@@ -354,12 +374,12 @@ int run(int argc, char** argv)
         writer.commit();
         plot->commit();
         report(sources, outline, frames, elapsed.count());
-        std::printf("mix        %s\n", request.mixPath.c_str());
+        std::printf("mix        %s, %s\n", request.mixPath.c_str(), formatName(format));
         std::printf("picture    %s, %d x %d\n", plot->path().c_str(), picture.width(), picture.height());
     } else {
         writer.commit();
         report(sources, outline, frames, elapsed.count());
-        std::printf("mix        %s\n", request.mixPath.c_str());
+        std::printf("mix        %s, %s\n", request.mixPath.c_str(), formatName(format));
     }
     return 0;
 }

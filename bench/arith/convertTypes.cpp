@@ -174,7 +174,6 @@ const bench::Family family("Conversion of other types", [](bench::Run& run) {
             bench::loop(bench::plain<converted<Zel32f>, Zel32f, Zel64f>));
     run.map("zelsConvert_64s64f", zelsConvert_64s64f,
             bench::loop(bench::plain<converted<Zel64f>, Zel64f, Zel64s>));
-    run.map("zelsConvert_16f32f", zelsConvert_16f32f, bench::peer("software, scalar", plainFloats));
     run.map(
         "zelsConvert_32f16f",
         [](const Zel32f* s, Zel16f* d, int n) { zelsConvert_32f16f(s, d, n, zelRndNear); },
@@ -182,7 +181,12 @@ const bench::Family family("Conversion of other types", [](bench::Run& run) {
     for (const ZelSize n : run.lengths()) {
         bench::Array<Zel8u> packed(3 * n);
         bench::Array<Zel32f> floats(n);
+        bench::Array<Zel16f> halves(n);
         const int len = static_cast<int>(n);
+        zelsConvert_32f16f(floats, halves, len, zelRndNear);
+        run.row(
+            "zelsConvert_16f32f", n, {.bytes = 6}, [&, len] { zelsConvert_16f32f(halves, floats, len); },
+            bench::peer("software, scalar", [&, len] { plainFloats(halves, floats, len); }));
         run.row(
             "zelsConvert_24s32f", n, {.bytes = 7}, [&, len] { zelsConvert_24s32f(packed, floats, len); },
             bench::loop([&, len] { plainUnpack24(packed, floats, len); }));

@@ -12,8 +12,8 @@ double Column::rms() const
     return samples > 0 ? std::sqrt(energy / static_cast<double>(samples)) : 0;
 }
 
-Envelope::Envelope(long long frames, int channels, int maxColumns)
-    : frames_(frames), channels_(channels),
+Envelope::Envelope(long long frames, int channels, int maxColumns, Clipping clipping)
+    : frames_(frames), channels_(channels), clipping_(clipping),
       columns_(static_cast<size_t>(std::min<long long>(frames, maxColumns)))
 {
 }
@@ -51,10 +51,9 @@ Column Envelope::measured(const Zel32f* samples, int frames)
         peak_ = peak;
         peakFrame_ = done_ + at / channels_;
     }
-    // Rounding to nearest, ties to even, takes 32767.5 out of the range of 16 bits, and -32768.5 into it.
-    const bool fits = high < 32767.5f && low >= -32768.5f;
-    const auto clipped = fits ? 0 : std::count_if(samples, samples + count, [](float x) {
-        return x >= 32767.5f || x < -32768.5f;
+    const bool fits = high < clipping_.high && low >= clipping_.low;
+    const auto clipped = fits ? 0 : std::count_if(samples, samples + count, [this](double x) {
+        return x >= clipping_.high || x < clipping_.low;
     });
     const double energy = double{norm} * norm / (double{fullScale} * fullScale);
     return {low / fullScale, high / fullScale, energy, count, clipped};

@@ -21,10 +21,17 @@ struct Column {
     double rms() const;
 };
 
+/// What is clipped, in units of a 16-bit sample: samples below `low`, and from `high` on. Rounding to nearest, ties
+/// to even, takes 32767.5 out of the range of 16 bits, and -32768.5 into it.
+struct Clipping {
+    double low = -32768.5;
+    double high = 32767.5;
+};
+
 class Envelope {
   public:
     /// `frames` is the length that the columns span, of which add() may fill a part only.
-    Envelope(long long frames, int channels, int maxColumns);
+    Envelope(long long frames, int channels, int maxColumns, Clipping clipping = {});
 
     /// Takes in the next block, in units of a 16-bit sample.
     void add(const Zel32f* samples, int frames);
@@ -33,7 +40,7 @@ class Envelope {
     /// The greatest magnitude, in units of full scale.
     double peak() const { return peak_ / fullScale; }
     long long peakFrame() const { return peakFrame_; }
-    /// How many samples do not fit 16 bits.
+    /// How many samples are clipped.
     long long clipped() const { return clipped_; }
 
   private:
@@ -41,6 +48,7 @@ class Envelope {
 
     long long frames_;
     int channels_;
+    Clipping clipping_;
     long long done_ = 0;
     std::vector<Column> columns_;
     float peak_ = 0;

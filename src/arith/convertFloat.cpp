@@ -14,6 +14,7 @@ inline constexpr OwnsShape shape = sizeof(D) == 1   ? shape_8u
 /// Floats to D, scaled by `scale`, rounded by Round.
 template <class D, class Scale, class Round>
 struct Narrow {
+    static constexpr OwnsCode code = OwnsCode::compact;
     Scale scale;
 
     static constexpr auto limit = std::numeric_limits<D>::max();
@@ -52,6 +53,7 @@ struct Narrow32f32s {
 
 template <class Scale, class Round>
 struct Narrow64f64s {
+    static constexpr OwnsCode code = OwnsCode::compact;
     Scale scale;
     OwnsVec<Zel64s> operator()(OwnsVec<Zel64f> v) const
     {

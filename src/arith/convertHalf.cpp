@@ -139,6 +139,21 @@ constexpr auto narrow16s = [](OwnsVec<Zel16s> x) {
     return halves<Rounding>(ownsWidened32f(x), ownsWidened32f(ownsAs<Zel16s>(_mm_srli_si128(ownsInt(x), 8))));
 };
 
+template <class Scale, class Round>
+struct Narrow16f16s {
+    static constexpr OwnsCode code = OwnsCode::compact;
+    Scale scale;
+
+    OwnsVec<Zel16s> operator()(OwnsVec<Zel16f> x) const
+    {
+        const auto integers = [&](OwnsVec<Zel32f> v) {
+            return Round::integers(ownsBounded(scale(v), INT16_MAX));
+        };
+        return ownsPacked<Zel16s>(
+            {integers(floats(x)), integers(floats(ownsAs<Zel16f>(_mm_srli_si128(ownsInt(x), 8))))});
+    }
+};
+
 /// The check that all three narrowing forms make behind the others: the financial mode has no name here.
 ZelStatus refuse(ZelStatus status, ZelRoundMode rnd)
 {
@@ -182,14 +197,7 @@ ZelStatus zelsConvert_16f16s_Sfs(const Zel16f* pSrc, Zel16s* pDst, int len, ZelR
         return status;
     ownsWithRounding(rnd, [=](auto round) {
         ownsWithFloatScale(scaleFactor, [=](auto scale) {
-            const auto narrow = [=](OwnsVec<Zel16f> x) {
-                const __m128i v = ownsInt(x);
-                const OwnsVec<Zel32f> low = floats(x);
-                const OwnsVec<Zel32f> high = floats(ownsAs<Zel16f>(_mm_srli_si128(v, 8)));
-                return ownsPacked<Zel16s>({decltype(round)::integers(ownsBounded(scale(low), INT16_MAX)),
-                                           decltype(round)::integers(ownsBounded(scale(high), INT16_MAX))});
-            };
-            ownsMap<shape_16s>(narrow, pDst, len, pSrc);
+            ownsMap<shape_16s>(Narrow16f16s<decltype(scale), decltype(round)>{scale}, pDst, len, pSrc);
         });
     });
     return zelStatusOk;

@@ -216,11 +216,15 @@ template <OwnsScaleLimits limits, OwnsShape shape, template <class> class Op, cl
 [[gnu::always_inline]] inline ZelStatus run(ZelRoundMode rnd, int scaleFactor, D* pDst, int len,
                                             const S* pSrc)
 {
-    if (rnd == zelRndZero)
+    if (rnd == zelRndZero || scaleFactor <= 0)
         return ownsRunScaled<limits, shape, Op<TowardZero>>(scaleFactor, pDst, len, pSrc);
+    if (const ZelStatus status = ownsCheck(len, pSrc, pDst); status != zelStatusOk)
+        return status;
     if (rnd == zelRndNear)
-        return ownsRunScaled<limits, shape, Op<ToNearestEven>>(scaleFactor, pDst, len, pSrc);
-    return ownsRunScaled<limits, shape, Op<TiesAwayFromZero>>(scaleFactor, pDst, len, pSrc);
+        ownsMapShiftedRight<limits, shape, Op<ToNearestEven>>(scaleFactor, pDst, len, pSrc);
+    else
+        ownsMapShiftedRight<limits, shape, Op<TiesAwayFromZero>>(scaleFactor, pDst, len, pSrc);
+    return zelStatusOk;
 }
 
 } // namespace

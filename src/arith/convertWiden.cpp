@@ -8,14 +8,27 @@
 
 namespace {
 
-OwnsVec<Zel16s> widen8s16s(OwnsVec<Zel8s> x)
+/// The upper half of a vector, in the lower.
+template <class V>
+V upper(V x)
 {
-    return ownsAs<Zel16s>(_mm_cvtepi8_epi16(ownsInt(x)));
+    return reinterpret_cast<V>(_mm_unpackhi_epi64(ownsInt(x), ownsInt(x)));
 }
-OwnsVec<Zel32s> widen16s32s(OwnsVec<Zel16s> x)
-{
-    return ownsAs<Zel32s>(_mm_cvtepi16_epi32(ownsInt(x)));
-}
+
+struct Widen8s16s {
+    OwnsVec<Zel16s> operator()(OwnsVec<Zel8s> x) const
+    {
+        return ownsAs<Zel16s>(_mm_cvtepi8_epi16(ownsInt(x)));
+    }
+    OwnsVecs<Zel16s, 2> pair(OwnsVec<Zel8s> x) const { return {{(*this)(x), (*this)(upper(x))}}; }
+};
+struct Widen16s32s {
+    OwnsVec<Zel32s> operator()(OwnsVec<Zel16s> x) const
+    {
+        return ownsAs<Zel32s>(_mm_cvtepi16_epi32(ownsInt(x)));
+    }
+    OwnsVecs<Zel32s, 2> pair(OwnsVec<Zel16s> x) const { return {{(*this)(x), (*this)(upper(x))}}; }
+};
 
 // The low lanes of an integer vector as floats.
 OwnsVec<Zel32f> floats(OwnsVec<Zel8s> x)
@@ -68,6 +81,11 @@ struct ToFloat {
         else
             return scale(doubles(x));
     }
+    template <class V>
+    OwnsVecs<F, 2> pair(V x) const requires(2 * sizeof(x[0]) == sizeof(F))
+    {
+        return {{(*this)(x), (*this)(upper(x))}};
+    }
 };
 
 constexpr auto unscaled = [](auto x) { return x; };
@@ -96,12 +114,12 @@ template <OwnsShape shape, class F, class S>
 
 ZelStatus zelsConvert_8s16s(const Zel8s* pSrc, Zel16s* pDst, int len)
 {
-    return ownsRun<shape_16s>([](auto x) { return widen8s16s(x); }, pDst, len, pSrc);
+    return ownsRun<shape_16s>(Widen8s16s{}, pDst, len, pSrc);
 }
 
 ZelStatus zelsConvert_16s32s(const Zel16s* pSrc, Zel32s* pDst, int len)
 {
-    return ownsRun<shapeConvert_16s32s>([](auto x) { return widen16s32s(x); }, pDst, len, pSrc);
+    return ownsRun<shapeConvert_16s32s>(Widen16s32s{}, pDst, len, pSrc);
 }
 
 ZelStatus zelsConvert_8s32f(const Zel8s* pSrc, Zel32f* pDst, int len)

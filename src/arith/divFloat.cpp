@@ -10,6 +10,8 @@ struct Divide32f {
     using Estimates = void;
     bool& zero;
 
+    explicit Divide32f(bool& anyZero) : zero(anyZero) {}
+
     Zel32f operator()(Zel32f a, Zel32f b) const
     {
         zero |= a == 0;
@@ -21,6 +23,21 @@ struct Divide32f {
             zero = true;
             return b / a;
         }
+        return estimate(a, b);
+    }
+    /// Over zero the estimate is a NaN: one comparison looks for these in two vectors.
+    OwnsVecs<Zel32f, 2> pair(OwnsVecs<Zel32f, 2> a, OwnsVecs<Zel32f, 2> b) const
+    {
+        const OwnsVec<Zel32f> first = estimate(a.v[0], b.v[0]);
+        const OwnsVec<Zel32f> second = estimate(a.v[1], b.v[1]);
+        if (_mm_movemask_ps(_mm_cmpunord_ps(first, second)) != 0) [[unlikely]]
+            return {{(*this)(a.v[0], b.v[0]), (*this)(a.v[1], b.v[1])}};
+        return {{first, second}};
+    }
+
+  private:
+    static OwnsVec<Zel32f> estimate(OwnsVec<Zel32f> a, OwnsVec<Zel32f> b)
+    {
         const OwnsVec<Zel32f> y = _mm_rcp_ps(a);
         const OwnsVec<Zel32f> e = 1 - a * y;
         return b * (y + e * (y + e * y));
@@ -43,6 +60,10 @@ struct DivideConstant32f {
 
     Zel32f operator()(Zel32f a) const { return divide(a, val); }
     OwnsVec<Zel32f> operator()(OwnsVec<Zel32f> a) const { return divide(a, ownsSplat(val)); }
+    OwnsVecs<Zel32f, 2> pair(OwnsVecs<Zel32f, 2> a) const
+    {
+        return divide.pair(a, {{ownsSplat(val), ownsSplat(val)}});
+    }
 };
 
 ZelStatus divideConstant32f(const Zel32f* pSrc, Zel32f val, Zel32f* pDst, int len)
@@ -50,7 +71,7 @@ ZelStatus divideConstant32f(const Zel32f* pSrc, Zel32f val, Zel32f* pDst, int le
     if (const ZelStatus status = ownsCheck(len, pSrc, pDst); status != zelStatusOk)
         return status;
     bool zero = false;
-    ownsMap<shape_32f>(DivideConstant32f{val, {zero}}, pDst, len, pSrc);
+    ownsMap<shape_32f>(DivideConstant32f{val, Divide32f{zero}}, pDst, len, pSrc);
     return zero ? zelWarnDivByZero : zelStatusOk;
 }
 
@@ -93,7 +114,35 @@ struct DivideComplex {
     }
     V part(int n, V a, V b) const { return (*this)(ownsPaddedDivisor<C>(a, n), b); }
 
+    /// The same with real and imaginary parts in vectors of their own. A sum of 0 comes of small divisors, too.
+    OwnsVecs<C, 2> pair(OwnsVecs<C, 2> a, OwnsVecs<C, 2> b) const
+    {
+        const auto [re, im] = apart(a);
+        const auto [bRe, bIm] = apart(b);
+        const V sum = re * re + im * im;
+        if (_mm_movemask_epi8(ownsInt(sum == 0)) != 0) [[unlikely]]
+            return {{(*this)(a.v[0], b.v[0]), (*this)(a.v[1], b.v[1])}};
+        return together((bRe * re + bIm * im) / sum, (bIm * re - bRe * im) / sum);
+    }
+
   private:
+    struct Parts {
+        V re, im;
+    };
+    static Parts apart(OwnsVecs<C, 2> x)
+    {
+        if constexpr (sizeof(C) == 8)
+            return {_mm_shuffle_ps(x.v[0], x.v[1], 0x88), _mm_shuffle_ps(x.v[0], x.v[1], 0xDD)};
+        else
+            return {_mm_unpacklo_pd(x.v[0], x.v[1]), _mm_unpackhi_pd(x.v[0], x.v[1])};
+    }
+    static OwnsVecs<C, 2> together(V re, V im)
+    {
+        if constexpr (sizeof(C) == 8)
+            return {{_mm_unpacklo_ps(re, im), _mm_unpackhi_ps(re, im)}};
+        else
+            return {{_mm_unpacklo_pd(re, im), _mm_unpackhi_pd(re, im)}};
+    }
     static __m128i bothParts(__m128i each)
     {
         if constexpr (sizeof(C) == 8)

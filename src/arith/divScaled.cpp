@@ -58,6 +58,7 @@ Zel32s dividedFar(Zel32s a, Zel32s b, int shift)
 /// Four quotients by doubles, which err by 2^-22 at most: where one is as close to a tie as 2^-20 all four are
 /// divided as integers.
 struct DivideFar {
+    static constexpr OwnsCode code = OwnsCode::least;
     Zel64f power;
     int shift;
 
@@ -102,6 +103,7 @@ ZelStatus divide32s(const Zel32s* pSrc1, const Zel32s* pSrc2, Zel32s* pDst, int 
 
 template <class Op>
 struct WatchingComplex {
+    static constexpr OwnsCode code = ownsCodeOf<Op>;
     Op op;
     OwnsZeroWatch& zeros;
 

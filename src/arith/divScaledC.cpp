@@ -7,6 +7,21 @@
 
 namespace {
 
+template <class Op, class Divisor>
+struct OverConstant {
+    static constexpr OwnsCode code = ownsCodeOf<Op>;
+    Op op;
+    Divisor divisor;
+
+    template <class V>
+    auto operator()(V x) const
+    {
+        return op(divisor, x);
+    }
+};
+template <class Op, class Divisor>
+OverConstant(Op, Divisor) -> OverConstant<Op, Divisor>;
+
 /// Behind pointers and length the constant is tested, before the data are read.
 template <OwnsQuotientRange range, class T>
 [[gnu::always_inline]] inline ZelStatus divide(const T* pSrc, T val, T* pDst, int len, int scaleFactor)
@@ -16,8 +31,7 @@ template <OwnsQuotientRange range, class T>
     if (val == 0)
         return zelErrDivByZero;
     ownsWithQuotients<range, OwnsToNearest, T, T>(scaleFactor, [=](auto op) {
-        const auto overConstant = [op, divisor = ownsSplat(val)](auto x) { return op(divisor, x); };
-        ownsMap<ownsShapeOf<T>>(overConstant, pDst, len, pSrc);
+        ownsMap<ownsShapeOf<T>>(OverConstant{op, ownsSplat(val)}, pDst, len, pSrc);
     });
     return zelStatusOk;
 }
@@ -29,16 +43,14 @@ ZelStatus divide16sc(const Zel16sc* pSrc, Zel16sc val, Zel16sc* pDst, int len, i
     if (ownsIsZero(val))
         return zelErrDivByZero;
     ownsWithComplexQuotients(scaleFactor, [=](auto op) {
-        const auto overConstant = [op, divisor = OwnsComplexDivisors(ownsSplat(val))](OwnsVec<Zel16s> x) {
-            return op(divisor, x);
-        };
-        ownsMap<shape_16sc>(overConstant, pDst, len, pSrc);
+        ownsMap<shape_16sc>(OverConstant{op, OwnsComplexDivisors(ownsSplat(val))}, pDst, len, pSrc);
     });
     return zelStatusOk;
 }
 
 /// A constant over a vector.
 struct DivideConstant16u {
+    static constexpr OwnsCode code = OwnsCode::compact;
     OwnsWatching<OwnsDivide<Zel16u, Zel32f, OwnsToNearest>> divide;
     OwnsVec<Zel16u> val;
 

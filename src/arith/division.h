@@ -112,6 +112,7 @@ inline OwnsVec<D> ownsInLanes32(A divisors, B dividends, Results results)
 /// Within the range of scale factors.
 template <class D, class F, class Round>
 struct OwnsDivide {
+    static constexpr OwnsCode code = OwnsCode::compact;
     OwnsQuotients<F, Round> quotients;
 
     template <class A, class B>
@@ -128,6 +129,7 @@ struct OwnsDivide {
 /// Above it: 0, but over zero the end of the range.
 template <class D>
 struct OwnsDivideToZero {
+    static constexpr OwnsCode code = OwnsCode::least;
     template <class A, class B>
     OwnsVec<D> operator()(A a, B b) const
     {
@@ -140,6 +142,7 @@ struct OwnsDivideToZero {
 /// Below it: the end of the range by the sign of the quotient, where a divisor of zero counts as positive.
 template <class D>
 struct OwnsDivideBySign {
+    static constexpr OwnsCode code = OwnsCode::least;
     template <class A, class B>
     OwnsVec<D> operator()(A a, B b) const
     {
@@ -189,6 +192,7 @@ template <OwnsQuotientRange range, class Round, class D, class S2, class Body>
 /// An operation that watches its divisors.
 template <class Op>
 struct OwnsWatching {
+    static constexpr OwnsCode code = ownsCodeOf<Op>;
     Op op;
     OwnsZeroWatch& zeros;
 

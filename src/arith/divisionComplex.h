@@ -52,6 +52,7 @@ inline OwnsVec<Zel16s> ownsPackedParts(__m128i re, __m128i im)
 // The operations on a divisor and four dividends: within the range of scale factors, above it, below it.
 
 struct OwnsDivideComplex {
+    static constexpr OwnsCode code = OwnsCode::compact;
     OwnsQuotients<Zel64f, OwnsToNearest> quotients;
 
     OwnsVec<Zel16s> operator()(const OwnsComplexDivisors& a, OwnsVec<Zel16s> b) const
@@ -66,6 +67,7 @@ struct OwnsDivideComplex {
 };
 
 struct OwnsDivideComplexToZero {
+    static constexpr OwnsCode code = OwnsCode::least;
     OwnsVec<Zel16s> operator()(const OwnsComplexDivisors& a, OwnsVec<Zel16s> b) const
     {
         return ownsSaturatedBySign(b & ownsAs<Zel16s>(a.zeros()));
@@ -73,6 +75,7 @@ struct OwnsDivideComplexToZero {
 };
 
 struct OwnsDivideComplexBySign {
+    static constexpr OwnsCode code = OwnsCode::least;
     OwnsVec<Zel16s> operator()(const OwnsComplexDivisors& a, OwnsVec<Zel16s> b) const
     {
         const auto [re, im] = a.numerators(b);

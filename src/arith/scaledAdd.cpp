@@ -92,12 +92,12 @@ ZelStatus zelsAdd_16u_ISfs(const Zel16u* pSrc, Zel16u* pSrcDst, int len, int sca
 
 ZelStatus zelsAdd_32s_Sfs(const Zel32s* pSrc1, const Zel32s* pSrc2, Zel32s* pDst, int len, int scaleFactor)
 {
-    return ownsRunScaled<limitsAdd_32s, shape_32s, OwnsSum<Zel32s>>(scaleFactor, pDst, len, pSrc1, pSrc2);
+    return ownsRunScaled<limitsAdd_32s, shape_32s, OwnsSum32s>(scaleFactor, pDst, len, pSrc1, pSrc2);
 }
 
 ZelStatus zelsAdd_32s_ISfs(const Zel32s* pSrc, Zel32s* pSrcDst, int len, int scaleFactor)
 {
-    return ownsRunScaled<limitsAdd_32s, shape_32s, OwnsSum<Zel32s>>(scaleFactor, pSrcDst, len, pSrcDst, pSrc);
+    return ownsRunScaled<limitsAdd_32s, shape_32s, OwnsSum32s>(scaleFactor, pSrcDst, len, pSrcDst, pSrc);
 }
 
 ZelStatus zelsAdd_16sc_Sfs(const Zel16sc* pSrc1, const Zel16sc* pSrc2, Zel16sc* pDst, int len,
@@ -164,7 +164,7 @@ ZelStatus zelsAddC_16sc_ISfs(Zel16sc val, Zel16sc* pSrcDst, int len, int scaleFa
 
 ZelStatus zelsAddC_32s_Sfs(const Zel32s* pSrc, Zel32s val, Zel32s* pDst, int len, int scaleFactor)
 {
-    return ownsRunSumC<limitsAdd_32s, shape_32s, OwnsSum<Zel32s>>(scaleFactor, pDst, len, pSrc, val);
+    return ownsRunSumC<limitsAdd_32s, shape_32s, OwnsSum32s>(scaleFactor, pDst, len, pSrc, val);
 }
 
 ZelStatus zelsAddC_32s_ISfs(Zel32s val, Zel32s* pSrcDst, int len, int scaleFactor)
@@ -174,7 +174,7 @@ ZelStatus zelsAddC_32s_ISfs(Zel32s val, Zel32s* pSrcDst, int len, int scaleFacto
 
 ZelStatus zelsAddC_32sc_Sfs(const Zel32sc* pSrc, Zel32sc val, Zel32sc* pDst, int len, int scaleFactor)
 {
-    return ownsRunSumC<limitsAdd_32s, shape_32sc, OwnsSum<Zel32s>>(scaleFactor, pDst, len, pSrc, val);
+    return ownsRunSumC<limitsAdd_32s, shape_32sc, OwnsSum32s>(scaleFactor, pDst, len, pSrc, val);
 }
 
 ZelStatus zelsAddC_32sc_ISfs(Zel32sc val, Zel32sc* pSrcDst, int len, int scaleFactor)

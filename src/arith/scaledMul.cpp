@@ -20,10 +20,13 @@ OwnsVec<Zel32s> mulWidened16s(OwnsVec<Zel16s> a, OwnsVec<Zel16s> b)
 struct Product16s32s {
     using A = OwnsVec<Zel16s>;
     using V = OwnsVec<Zel32s>;
+    static constexpr int word = 16;
 
     static V scaled(OwnsUnscaled, V x) { return x; }
     static V scaled(OwnsHalved, V x) { return ownsRoundedRightSmall(x, 1); }
     static V scaled(OwnsShiftedRight path, V x) { return ownsRoundedRightSmall(x, path.shift); }
+    static V scaled(OwnsShiftedWord, V x) { return ownsRoundedRightSmall(x, word); }
+    static V scaled(OwnsShiftedFar path, V x) { return ownsRoundedRightSmall(x, word + path.shift); }
     static V scaled(OwnsShiftedLeft path, V x) { return ownsShiftedLeft(x, path.shift); }
 
     template <class Path>
@@ -35,6 +38,7 @@ struct Product16s32s {
     {
         return ownsSaturatedBySign(ownsAs<Zel32s>(_mm_cvtepi16_epi32(ownsInt(ownsSignOfProduct(a, b)))));
     }
+
     template <class Path>
     static OwnsVecs<Zel32s, 2> pair(Path path, A a, A b) requires requires(V x)
     {
@@ -43,6 +47,17 @@ struct Product16s32s {
     {
         const OwnsHalves16<Zel16s> x = ownsHalvesOf(a, b);
         return {{scaled(path, ownsAs<Zel32s>(x.first())), scaled(path, ownsAs<Zel32s>(x.second()))}};
+    }
+    static OwnsVecs<Zel32s, 2> pair(OwnsHalved, A a, A b) { return pair(OwnsShiftedRight{1}, a, b); }
+    static OwnsVecs<Zel32s, 2> pair(OwnsShiftedRight path, A a, A b)
+    {
+        const OwnsHalves16<Zel16s> x = ownsReadyToRound16(ownsHalvesOf(a, b), path.shift);
+        const OwnsVec<Zel32s> half = ownsSplat(1 << (path.shift - 1));
+        const __m128i count = ownsCount(path.shift);
+        const auto rounded = [&](__m128i v) {
+            return ownsAs<Zel32s>(_mm_sra_epi32(ownsInt(ownsAs<Zel32s>(v) + half), count));
+        };
+        return {{rounded(x.first()), rounded(x.second())}};
     }
 };
 
@@ -87,7 +102,7 @@ struct AddProduct16s32s {
     template <class Path>
     static OwnsVec<Zel32s> apply(Path path, OwnsVec<Zel32s> sum, OwnsVec<Zel16s> a, OwnsVec<Zel16s> b)
     {
-        return OwnsSum<Zel32s>::apply(path, sum, mulWidened16s(a, b));
+        return OwnsSum32s::apply(path, sum, mulWidened16s(a, b));
     }
 };
 

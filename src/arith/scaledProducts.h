@@ -51,13 +51,21 @@ inline OwnsVec<Zel16u> ownsSaturated16(OwnsHalves16<Zel16u> x)
     return x.low | ownsAs<Zel16u>(~fits);
 }
 
-/// Divided by 2^shift, rounded, saturated; 1 <= shift <= 15. An even tie shows in the low half alone.
+/// One less where x is an even tie over 2^shift, 1 <= shift <= 15: that shows in the low half alone.
 template <class T>
-inline OwnsVec<T> ownsRoundedRight16(OwnsHalves16<T> x, int shift)
+inline OwnsHalves16<T> ownsReadyToRound16(OwnsHalves16<T> x, int shift)
 {
     const __m128i below = _mm_set1_epi16(static_cast<short>((2u << shift) - 1));
     const __m128i half = _mm_set1_epi16(static_cast<short>(1 << (shift - 1)));
-    x.low += ownsAs<Zel16u>(_mm_cmpeq_epi16(_mm_and_si128(ownsInt(x.low), below), half));
+    const __m128i evenTie = _mm_cmpeq_epi16(_mm_and_si128(ownsInt(x.low), below), half);
+    return {x.low + ownsAs<Zel16u>(evenTie), x.high};
+}
+
+/// Divided by 2^shift, rounded, saturated; 1 <= shift <= 15.
+template <class T>
+inline OwnsVec<T> ownsRoundedRight16(OwnsHalves16<T> whole, int shift)
+{
+    const OwnsHalves16<T> x = ownsReadyToRound16(whole, shift);
     const __m128i bias = _mm_set1_epi32(1 << (shift - 1));
     const __m128i first = _mm_add_epi32(x.first(), bias);
     const __m128i second = _mm_add_epi32(x.second(), bias);
@@ -297,13 +305,13 @@ struct OwnsProduct8u {
     }
     static V apply(OwnsShiftedRight path, V a, V b)
     {
-        return inLanes16(a, b, [=](__m128i x) {
-            return ownsInt(ownsRoundedRight(ownsAs<Zel16u>(x), OwnsVec<Zel16u>{}, path.shift));
-        });
+        return inLanes16(a, b,
+                         [=](__m128i x) { return ownsInt(ownsRoundedRight(ownsAs<Zel16u>(x), path.shift)); });
     }
     static V apply(OwnsShiftedLeft path, V a, V b)
     {
-        return inLanes16(a, b, [=](__m128i x) { return _mm_sll_epi16(bounded(x), ownsCount(path.shift)); });
+        const __m128i factor = _mm_set1_epi16(static_cast<short>(1 << path.shift));
+        return inLanes16(a, b, [=](__m128i x) { return _mm_mullo_epi16(bounded(x), factor); });
     }
     static V apply(OwnsBySign, V a, V b) { return ownsSaturatedBySign(ownsSignOfProduct(a, b)); }
 };

@@ -4,11 +4,8 @@
 
 namespace {
 
-template <class T>
-using Difference = std::conditional_t<std::is_same_v<T, Zel16s>, OwnsDifference16s, OwnsDifference<T>>;
-
 /// SubCRev has no short cut but this one: an unsigned element taken from 0 gives 0 on every path.
-template <OwnsScaleLimits limits, OwnsShape shape, class T>
+template <OwnsScaleLimits limits, OwnsShape shape, class Op, class T>
 [[gnu::always_inline]] inline ZelStatus runSubCRev(int scaleFactor, T* pDst, int len, const T* pSrc, T val)
 {
     if (const ZelStatus status = ownsCheck(len, pSrc, pDst); status != zelStatusOk)
@@ -19,8 +16,7 @@ template <OwnsScaleLimits limits, OwnsShape shape, class T>
             return zelStatusOk;
         }
     }
-    return ownsMapScaled<limits, shape, OwnsReversed<Difference<OwnsPart<T>>>>(scaleFactor, pDst, len, pSrc,
-                                                                               val);
+    return ownsMapScaled<limits, shape, OwnsReversed<Op>>(scaleFactor, pDst, len, pSrc, val);
 }
 
 } // namespace
@@ -76,14 +72,13 @@ ZelStatus zelsSub_16u_ISfs(const Zel16u* pSrc, Zel16u* pSrcDst, int len, int sca
 
 ZelStatus zelsSub_32s_Sfs(const Zel32s* pSrc1, const Zel32s* pSrc2, Zel32s* pDst, int len, int scaleFactor)
 {
-    return ownsRunScaled<limitsSub_32s, shape_32s, OwnsDifference<Zel32s>>(scaleFactor, pDst, len, pSrc2,
-                                                                           pSrc1);
+    return ownsRunScaled<limitsSub_32s, shape_32s, OwnsDifference32s>(scaleFactor, pDst, len, pSrc2, pSrc1);
 }
 
 ZelStatus zelsSub_32s_ISfs(const Zel32s* pSrc, Zel32s* pSrcDst, int len, int scaleFactor)
 {
-    return ownsRunScaled<limitsSub_32s, shape_32s, OwnsDifference<Zel32s>>(scaleFactor, pSrcDst, len, pSrcDst,
-                                                                           pSrc);
+    return ownsRunScaled<limitsSub_32s, shape_32s, OwnsDifference32s>(scaleFactor, pSrcDst, len, pSrcDst,
+                                                                      pSrc);
 }
 
 ZelStatus zelsSub_16sc_Sfs(const Zel16sc* pSrc1, const Zel16sc* pSrc2, Zel16sc* pDst, int len,
@@ -150,7 +145,7 @@ ZelStatus zelsSubC_16sc_ISfs(Zel16sc val, Zel16sc* pSrcDst, int len, int scaleFa
 
 ZelStatus zelsSubC_32s_Sfs(const Zel32s* pSrc, Zel32s val, Zel32s* pDst, int len, int scaleFactor)
 {
-    return ownsRunSumC<limitsSub_32s, shape_32s, OwnsDifference<Zel32s>>(scaleFactor, pDst, len, pSrc, val);
+    return ownsRunSumC<limitsSub_32s, shape_32s, OwnsDifference32s>(scaleFactor, pDst, len, pSrc, val);
 }
 
 ZelStatus zelsSubC_32s_ISfs(Zel32s val, Zel32s* pSrcDst, int len, int scaleFactor)
@@ -160,7 +155,7 @@ ZelStatus zelsSubC_32s_ISfs(Zel32s val, Zel32s* pSrcDst, int len, int scaleFacto
 
 ZelStatus zelsSubC_32sc_Sfs(const Zel32sc* pSrc, Zel32sc val, Zel32sc* pDst, int len, int scaleFactor)
 {
-    return ownsRunSumC<limitsSub_32s, shape_32sc, OwnsDifference<Zel32s>>(scaleFactor, pDst, len, pSrc, val);
+    return ownsRunSumC<limitsSub_32s, shape_32sc, OwnsDifference32s>(scaleFactor, pDst, len, pSrc, val);
 }
 
 ZelStatus zelsSubC_32sc_ISfs(Zel32sc val, Zel32sc* pSrcDst, int len, int scaleFactor)
@@ -170,7 +165,7 @@ ZelStatus zelsSubC_32sc_ISfs(Zel32sc val, Zel32sc* pSrcDst, int len, int scaleFa
 
 ZelStatus zelsSubCRev_8u_Sfs(const Zel8u* pSrc, Zel8u val, Zel8u* pDst, int len, int scaleFactor)
 {
-    return runSubCRev<limitsSub_8u, shape_8u>(scaleFactor, pDst, len, pSrc, val);
+    return runSubCRev<limitsSub_8u, shape_8u, OwnsDifference<Zel8u>>(scaleFactor, pDst, len, pSrc, val);
 }
 
 ZelStatus zelsSubCRev_8u_ISfs(Zel8u val, Zel8u* pSrcDst, int len, int scaleFactor)
@@ -180,7 +175,7 @@ ZelStatus zelsSubCRev_8u_ISfs(Zel8u val, Zel8u* pSrcDst, int len, int scaleFacto
 
 ZelStatus zelsSubCRev_16s_Sfs(const Zel16s* pSrc, Zel16s val, Zel16s* pDst, int len, int scaleFactor)
 {
-    return runSubCRev<limitsSub_16s, shape_16s>(scaleFactor, pDst, len, pSrc, val);
+    return runSubCRev<limitsSub_16s, shape_16s, OwnsDifference16s>(scaleFactor, pDst, len, pSrc, val);
 }
 
 ZelStatus zelsSubCRev_16s_ISfs(Zel16s val, Zel16s* pSrcDst, int len, int scaleFactor)
@@ -190,7 +185,7 @@ ZelStatus zelsSubCRev_16s_ISfs(Zel16s val, Zel16s* pSrcDst, int len, int scaleFa
 
 ZelStatus zelsSubCRev_16u_Sfs(const Zel16u* pSrc, Zel16u val, Zel16u* pDst, int len, int scaleFactor)
 {
-    return runSubCRev<limitsSub_16u, shape_16s>(scaleFactor, pDst, len, pSrc, val);
+    return runSubCRev<limitsSub_16u, shape_16s, OwnsDifference<Zel16u>>(scaleFactor, pDst, len, pSrc, val);
 }
 
 ZelStatus zelsSubCRev_16u_ISfs(Zel16u val, Zel16u* pSrcDst, int len, int scaleFactor)
@@ -200,7 +195,7 @@ ZelStatus zelsSubCRev_16u_ISfs(Zel16u val, Zel16u* pSrcDst, int len, int scaleFa
 
 ZelStatus zelsSubCRev_16sc_Sfs(const Zel16sc* pSrc, Zel16sc val, Zel16sc* pDst, int len, int scaleFactor)
 {
-    return runSubCRev<limitsSub_16s, shape_16sc>(scaleFactor, pDst, len, pSrc, val);
+    return runSubCRev<limitsSub_16s, shape_16sc, OwnsDifference16s>(scaleFactor, pDst, len, pSrc, val);
 }
 
 ZelStatus zelsSubCRev_16sc_ISfs(Zel16sc val, Zel16sc* pSrcDst, int len, int scaleFactor)
@@ -210,7 +205,7 @@ ZelStatus zelsSubCRev_16sc_ISfs(Zel16sc val, Zel16sc* pSrcDst, int len, int scal
 
 ZelStatus zelsSubCRev_32s_Sfs(const Zel32s* pSrc, Zel32s val, Zel32s* pDst, int len, int scaleFactor)
 {
-    return runSubCRev<limitsSub_32s, shape_32s>(scaleFactor, pDst, len, pSrc, val);
+    return runSubCRev<limitsSub_32s, shape_32s, OwnsDifference32s>(scaleFactor, pDst, len, pSrc, val);
 }
 
 ZelStatus zelsSubCRev_32s_ISfs(Zel32s val, Zel32s* pSrcDst, int len, int scaleFactor)
@@ -220,7 +215,7 @@ ZelStatus zelsSubCRev_32s_ISfs(Zel32s val, Zel32s* pSrcDst, int len, int scaleFa
 
 ZelStatus zelsSubCRev_32sc_Sfs(const Zel32sc* pSrc, Zel32sc val, Zel32sc* pDst, int len, int scaleFactor)
 {
-    return runSubCRev<limitsSub_32s, shape_32sc>(scaleFactor, pDst, len, pSrc, val);
+    return runSubCRev<limitsSub_32s, shape_32sc, OwnsDifference32s>(scaleFactor, pDst, len, pSrc, val);
 }
 
 ZelStatus zelsSubCRev_32sc_ISfs(Zel32sc val, Zel32sc* pSrcDst, int len, int scaleFactor)

@@ -141,7 +141,9 @@ struct OwnsDifference {
     }
     static V apply(OwnsShiftedRight path, V a, V b)
     {
-        if constexpr (std::is_unsigned_v<T>)
+        if constexpr (std::is_same_v<T, Zel16u>)
+            return ownsRoundedRight(ownsDifferenceSaturated(a, b), path.shift);
+        else if constexpr (std::is_unsigned_v<T>)
             return ownsRoundedRight(ownsDifferenceSaturated(a, b), V{}, path.shift);
         else
             return ownsRoundedRight(ownsDifferenceHalf(a, b), a ^ b, path.shift - 1);
@@ -178,6 +180,46 @@ struct OwnsDifference16s : OwnsDifference<Zel16s> {
     static V apply(OwnsShiftedLeft path, V a, V b)
     {
         return ownsPairsShiftedLeft(a, b, 1 << path.shift, -(1 << path.shift));
+    }
+};
+
+// The left shift of 32-bit sums. A sum that fits after the shift is from -2^(31 - shift) on and below the
+// opposite of that. From b follow the bounds of an a with such a sum, and one more at the upper end: that comes
+// out as the least value, and one less then as the largest. A bound that no a can be beyond is the end of the
+// range.
+
+/// c * 2^shift, saturated, where c is no more than `end` in magnitude, 2^(31 - shift).
+inline OwnsVec<Zel32s> ownsBoundedShiftedLeft(OwnsVec<Zel32s> c, int end, int shift)
+{
+    return ownsAs<Zel32s>(_mm_sll_epi32(ownsInt(c), ownsCount(shift))) + (c == end);
+}
+inline OwnsVec<Zel32s> ownsMin(OwnsVec<Zel32s> a, OwnsVec<Zel32s> b)
+{
+    return ownsAs<Zel32s>(_mm_min_epi32(ownsInt(a), ownsInt(b)));
+}
+inline OwnsVec<Zel32s> ownsMax(OwnsVec<Zel32s> a, OwnsVec<Zel32s> b)
+{
+    return ownsAs<Zel32s>(_mm_max_epi32(ownsInt(a), ownsInt(b)));
+}
+
+struct OwnsSum32s : OwnsSum<Zel32s> {
+    using OwnsSum<Zel32s>::apply;
+    static V apply(OwnsShiftedLeft path, V a, V b)
+    {
+        const int end = 1 << (31 - path.shift);
+        const V least = -end - ownsMin(b, ownsSplat(INT32_MAX - end + 1));
+        const V most = end - ownsMax(b, ownsSplat(end - INT32_MAX));
+        return ownsBoundedShiftedLeft(ownsMax(ownsMin(a, most), least) + b, end, path.shift);
+    }
+};
+struct OwnsDifference32s : OwnsDifference<Zel32s> {
+    using OwnsDifference<Zel32s>::apply;
+    static V apply(OwnsShiftedLeft path, V a, V b)
+    {
+        const int end = 1 << (31 - path.shift);
+        const V least = ownsMax(b, ownsSplat(INT32_MIN + end)) - end;
+        const V most = ownsMin(b, ownsSplat(INT32_MAX - end)) + end;
+        return ownsBoundedShiftedLeft(ownsMax(ownsMin(a, most), least) - b, end, path.shift);
     }
 };
 

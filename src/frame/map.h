@@ -10,7 +10,7 @@
 // the zeros behind the last element for elements has a form part(n, vectors...) for these. A source narrower
 // than the destination arrives in the low lanes of its vector, a wider one as OwnsVecs: see ownsTake. Where all
 // sources are half as wide as the destination, an operation may have a form pair(vectors...) for whole vectors of
-// them, which gives two destination vectors.
+// them, which gives two destination vectors; where they are as wide, that form takes two vectors of each.
 
 /// Marks an operation whose vectors estimate what single elements compute truly: it has a form for single
 /// elements too, and short vectors, peel and tail take that one.
@@ -19,6 +19,21 @@ concept OwnsEstimates = requires
 {
     typename Op::Estimates;
 };
+
+/// How much code an operation is worth. It tells by a constant `code`; without one all is made for speed.
+enum class OwnsCode {
+    fast, ///< the usual lengths of tails have copies of the operation
+    compact, ///< one copy for all tails, which is some nanoseconds slower there: for operations of many instructions
+    least, ///< one vector a round too, at any alignment: for what is seldom asked for
+};
+template <class Op>
+inline constexpr OwnsCode ownsCodeOf = OwnsCode::fast;
+template <class Op>
+requires requires
+{
+    Op::code;
+}
+inline constexpr OwnsCode ownsCodeOf<Op> = Op::code;
 
 namespace owns_detail {
 
@@ -43,6 +58,9 @@ template <class Op, class D, class... S>
     if constexpr (OwnsEstimates<Op>) {
         for (const ZelSize end = i + rest; i < end; i++)
             ownsPut(pDst + i, op(ownsGet(pSrc + i)...));
+    } else if constexpr (ownsCodeOf<Op> != OwnsCode::fast) {
+        if (const int count = rest & (lanes - 1); count != 0) [[likely]]
+            part(op, pDst, i, count, pSrc...);
     } else {
         if constexpr (lanes > 2)
             if (rest & (lanes / 2)) [[likely]]
@@ -60,6 +78,10 @@ template <class Op, class D, class Store, class... S>
     constexpr ZelSize lanes = ownsLanes<D>;
     if constexpr (requires { op.pair(ownsLoad(pSrc)...); }) {
         const OwnsVecs<D, 2> both = op.pair(ownsLoad(pSrc)...);
+        store(pDst, both.v[0]);
+        store(pDst + lanes, both.v[1]);
+    } else if constexpr (requires { op.pair(OwnsVecs<S, 2>{}...); }) {
+        const OwnsVecs<D, 2> both = op.pair(OwnsVecs<S, 2>{{ownsLoad(pSrc), ownsLoad(pSrc + lanes)}}...);
         store(pDst, both.v[0]);
         store(pDst + lanes, both.v[1]);
     } else {
@@ -85,6 +107,11 @@ template <OwnsShape shape, class Op, class D, class... S>
 {
     constexpr ZelSize lanes = ownsLanes<D>;
     ZelSize i = 0;
+    if constexpr (ownsCodeOf<Op> == OwnsCode::least) {
+        for (; i <= len - lanes; i += lanes)
+            ownsStore(pDst + i, op(ownsTake<D>(pSrc + i)...));
+        return owns_detail::few(op, pDst, i, static_cast<int>(len - i), pSrc...);
+    }
     if constexpr (OwnsEstimates<Op>)
         if (len < shape.cut)
             return owns_detail::few(op, pDst, i, static_cast<int>(len), pSrc...);

@@ -116,11 +116,22 @@ inline OwnsVec<Zel16u> ownsRoundedAverage16(__m128i lessened, int shift)
     const __m128i bias = _mm_set1_epi16(static_cast<short>((1 << (shift - 1)) - 1));
     return ownsAs<Zel16u>(_mm_srl_epi16(_mm_avg_epu16(lessened, bias), ownsCount(shift - 1)));
 }
-inline OwnsVec<Zel16u> ownsRoundedRight(OwnsVec<Zel16u> floor, OwnsVec<Zel16u> lost, int shift)
+inline __m128i ownsEvenTiesLessened(OwnsVec<Zel16u> floor, OwnsVec<Zel16u> lost, int shift)
 {
     const __m128i quotient = ownsQuotient16(ownsInt(floor), shift);
     const __m128i less = _mm_andnot_si128(_mm_or_si128(quotient, ownsInt(lost)), _mm_set1_epi16(1));
-    return ownsRoundedAverage16(_mm_subs_epu16(ownsInt(floor), less), shift);
+    return _mm_subs_epu16(ownsInt(floor), less);
+}
+inline OwnsVec<Zel16u> ownsRoundedRight(OwnsVec<Zel16u> floor, OwnsVec<Zel16u> lost, int shift)
+{
+    return ownsRoundedAverage16(ownsEvenTiesLessened(floor, lost, shift), shift);
+}
+/// x / 2^shift, rounded; 2 <= shift <= 16, so that a product serves for what is left to shift, too.
+inline OwnsVec<Zel16u> ownsRoundedRight(OwnsVec<Zel16u> x, int shift)
+{
+    const __m128i bias = _mm_set1_epi16(static_cast<short>((1 << (shift - 1)) - 1));
+    const __m128i average = _mm_avg_epu16(ownsEvenTiesLessened(x, OwnsVec<Zel16u>{}, shift), bias);
+    return ownsAs<Zel16u>(ownsQuotient16(average, shift - 1));
 }
 inline OwnsVec<Zel16s> ownsRoundedRight(OwnsVec<Zel16s> floor, OwnsVec<Zel16s> lost, int shift)
 {

@@ -58,9 +58,20 @@ struct OwnsReversed {
 
 namespace owns_detail {
 
+// Sums without a scale factor are single instructions. Saturation by sign and far shifts are seldom asked for.
+template <class Path>
+inline constexpr OwnsCode codeOfPath = OwnsCode::compact;
+template <>
+inline constexpr OwnsCode codeOfPath<OwnsUnscaled> = OwnsCode::fast;
+template <>
+inline constexpr OwnsCode codeOfPath<OwnsBySign> = OwnsCode::least;
+template <>
+inline constexpr OwnsCode codeOfPath<OwnsShiftedFar> = OwnsCode::least;
+
 /// An operation bound to its path.
 template <class Op, class Path>
 struct OnPath {
+    static constexpr OwnsCode code = codeOfPath<Path>;
     Path path;
 
     template <class... V>
@@ -78,6 +89,16 @@ struct OnPath {
     }
 };
 
+/// The same with a constant as the second operand.
+template <class Op, class Path, class V>
+struct OnPathWith {
+    static constexpr OwnsCode code = codeOfPath<Path>;
+    Path path;
+    V val;
+
+    auto operator()(V x) const { return Op::apply(path, x, val); }
+};
+
 template <OwnsShape shape, class Op, class Path, class D, class... S>
 [[gnu::noinline]] void scaledKernel(Path path, D* pDst, ZelSize len, const S*... pSrc)
 {
@@ -87,7 +108,7 @@ template <OwnsShape shape, class Op, class Path, class D, class... S>
 template <OwnsShape shape, class Op, class Path, class D, class S>
 [[gnu::noinline]] void scaledConstantKernel(Path path, D* pDst, ZelSize len, const S* pSrc, OwnsVec<S> val)
 {
-    ownsMap<shape>([path, val](auto x) { return Op::apply(path, x, val); }, pDst, len, pSrc);
+    ownsMap<shape>(OnPathWith<Op, Path, OwnsVec<S>>{path, val}, pDst, len, pSrc);
 }
 
 template <class Op>
@@ -133,6 +154,19 @@ template <OwnsScaleLimits limits, OwnsShape shape, class Op, class D, class... S
         scaleFactor, [=] { ownsZero(pDst, len); },
         [=](auto path) { owns_detail::withPath<Op>(path, kernel); });
     return zelStatusOk;
+}
+
+/// A division by 2^scaleFactor alone, behind the checks, where the factor is from 1 on: for operations that differ
+/// from each other in nothing else.
+template <OwnsScaleLimits limits, OwnsShape shape, class Op, class D, class S>
+[[gnu::always_inline]] inline void ownsMapShiftedRight(int scaleFactor, D* pDst, ZelSize len, const S* pSrc)
+{
+    if (scaleFactor >= limits.zero)
+        ownsZero(pDst, len);
+    else
+        owns_detail::withPath<Op>(OwnsShiftedRight{scaleFactor}, [=](auto path) {
+            owns_detail::scaledKernel<shape, Op>(path, pDst, len, pSrc);
+        });
 }
 
 /// The entry of a scaled operation on a vector and a constant, behind the checks and short cuts.

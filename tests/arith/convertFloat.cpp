@@ -65,7 +65,10 @@ void narrows(const Functions& functions)
 {
     const Narrowed<D> model;
     const auto most = static_cast<double>(std::numeric_limits<D>::max());
-    for (const ZelRoundMode rnd : {-1, 0, 1, 2, 3}) {
+    for (const ZelRoundMode rnd : {-1, 3})
+        sweep(model, functions,
+              {.block = 0, .lengths = {3000}, .generate = aroundHalves<F>(most, 0), .repeats = 1}, rnd, 0);
+    for (const ZelRoundMode rnd : {0, 1, 2}) {
         for (const int s : {0, 1, -1, 7, -31, 31, 120, -120})
             sweep(model, functions,
                   {.block = 0,
@@ -103,6 +106,29 @@ TEST(ConvertFloat, narrows64f)
     narrows<Zel16u, Zel64f>(EXPORTS(zelsConvert_64f16u_Sfs));
     narrows<Zel32s, Zel64f>(EXPORTS(zelsConvert_64f32s_Sfs));
     narrows<Zel64s, Zel64f>(EXPORTS(zelsConvert_64f64s_Sfs));
+}
+
+TEST(ConvertFloat, crossesJustBelowOneHalfByTheFinancialRule)
+{
+    const float values[]{0.49999997f, -0.49999997f, 2.5f,   -2.5f,     0.5f,
+                         32766.5f,    40000,        -40000, -32768.5f, NAN};
+    const Zel16s financial[]{1, -1, 3, -3, 1, 32767, 32767, -32768, -32768, -32768};
+    const Zel16s nearest[]{0, 0, 2, -2, 0, 32766, 32767, -32768, -32768, -32768};
+    const Zel16s truncated[]{0, 0, 2, -2, 0, 32766, 32767, -32768, -32768, -32768};
+    Zel16s results[10];
+    const auto expect = [&](ZelRoundMode rnd, const Zel16s* expected) {
+        ASSERT_EQ(zelsConvert_32f16s_Sfs(values, results, 10, rnd, 0), zelStatusOk);
+        for (int i = 0; i < 10; i++)
+            EXPECT_EQ(results[i], expected[i]) << values[i] << " by mode " << rnd;
+    };
+    for (const unsigned mode : roundingModes) {
+        const FloatMode callers(mode);
+        expect(zelRndZero, truncated);
+        expect(zelRndNear, nearest);
+        expect(zelRndFinancial, financial);
+        expect(-1, financial);
+        expect(3, financial);
+    }
 }
 
 TEST(ConvertFloat, limitsThatNoFloatHolds)
@@ -161,4 +187,31 @@ TEST(ConvertFloat, refusesBadArguments)
                          zelsConvert_64f32s_Sfs, zelsConvert_64f64s_Sfs),
                  pointersFirst);
     badArguments(EXPORTS(zelsConvert_32f24s_Sfs, zelsConvert_32f24u_Sfs), pointersFirst);
+    // No rounding mode and no scale factor is refused.
+    badArguments(EXPORTS(zelsConvert_32f16s_Sfs), pointersFirst, array(), array(), length(5), value(-77),
+                 value(1 << 30));
+}
+
+/// Every float between 2^-30 and 2^20 by every rule, in vectors and in the tail, and a sixteenth of all others.
+TEST(ConvertFloat, ExhaustiveNarrowing)
+{
+    constexpr std::size_t block = 1 << 16;
+    std::vector<float> source(block + 1);
+    std::vector<Zel16s> result(block + 1);
+    for (std::uint32_t high = 0; high < 1 << 16; high++) {
+        const int exponent = static_cast<int>(high >> 7 & 0xFF) - 127;
+        if ((exponent < -30 || exponent > 20) && high % 16 != 5)
+            continue;
+        for (std::uint32_t low = 0; low <= block; low++)
+            source[low] = fromBits<float>(high << 16 | (low % block));
+        for (const ZelRoundMode rnd : {0, 1, 2}) {
+            const int scaleFactor = static_cast<int>(high % 5) - 2;
+            ASSERT_EQ(zelsConvert_32f16s_Sfs(source.data(), result.data(), block + 1, rnd, scaleFactor),
+                      zelStatusOk);
+            for (std::size_t i = 0; i <= block; i++)
+                if (result[i] != Narrowed<Zel16s>{}(source[i], rnd, scaleFactor))
+                    FAIL() << source[i] << " by mode " << rnd << ", factor " << scaleFactor << ": "
+                           << result[i];
+        }
+    }
 }

@@ -85,10 +85,15 @@ TEST(DivisionFloat, leavesTheEstimateForFourWithAZero)
         a[i] = 3.0f + static_cast<Zel32f>(i);
         b[i] = -1.0f / static_cast<Zel32f>(i + 1);
     }
+    Zel32f estimates[16];
+    ASSERT_EQ(zelsDiv_32f(a, b, estimates, 16), zelStatusOk);
     a[6] = 0;
     a[12] = 0;
     b[12] = 0;
+    b[2] = NAN;
     ASSERT_EQ(zelsDiv_32f(a, b, q, 16), zelWarnDivByZero);
+    for (const int i : {0, 1, 3, 8, 9, 10, 11})
+        EXPECT_EQ(q[i], estimates[i]) << i;
     for (const int i : {4, 5, 7, 13, 14, 15})
         EXPECT_EQ(q[i], b[i] / a[i]) << i;
     EXPECT_EQ(q[6], -INFINITY);
@@ -117,7 +122,7 @@ TEST(DivisionFloat, constantsAreProductsWithReciprocals)
           options, Zel64fc{3, -0.7});
 }
 
-TEST(DivisionFloat, warningOfAnEarlierChunkIsLost)
+TEST(DivisionFloatLong, warningOfAnEarlierChunkIsLost)
 {
     // Long arrays hold zeros but for their windows: the first chunk divides by zero, the last one does not.
     constexpr ZelSize len = longChunk<Zel64f> + 8;

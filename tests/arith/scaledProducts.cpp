@@ -30,44 +30,29 @@ constexpr auto addedProduct32s = [](Zel32s a, Zel32s b, Zel32s sum, int scaleFac
     return scaleFactor >= 63 ? 0 : addedProduct(a, b, sum, scaleFactor);
 };
 
+const auto products =
+    EXPORTS(zelsMul_8u_Sfs, zelsMul_16s_Sfs, zelsMul_16u_Sfs, zelsMul_16sc_Sfs, zelsMul_32s_Sfs,
+            zelsMul_32sc_Sfs, zelsMul_8u_ISfs, zelsMul_16s_ISfs, zelsMul_16u_ISfs, zelsMul_16sc_ISfs,
+            zelsMul_32s_ISfs, zelsMul_32sc_ISfs, zelsMul_16u16s_Sfs);
+const auto byConstant =
+    EXPORTS(zelsMulC_8u_Sfs, zelsMulC_16s_Sfs, zelsMulC_16u_Sfs, zelsMulC_32s_Sfs, zelsMulC_8u_ISfs,
+            zelsMulC_16s_ISfs, zelsMulC_16u_ISfs, zelsMulC_32s_ISfs, zelsMulC_32s_Sfs_L, zelsMulC_32s_ISfs_L);
+const auto byConstant16sc = EXPORTS(zelsMulC_16sc_Sfs, zelsMulC_16sc_ISfs);
+const auto byConstant32sc = EXPORTS(zelsMulC_32sc_Sfs, zelsMulC_32sc_ISfs);
+
 } // namespace
 
 TEST(ScaledProducts, allPairsOf8Bits)
 {
-    std::vector<Zel8u> a(65536), b(65536), result(65536), withConstant(65536);
-    for (std::size_t i = 0; i < a.size(); i++) {
-        a[i] = static_cast<Zel8u>(i);
-        b[i] = static_cast<Zel8u>(i >> 8);
-    }
-    for (const int s : factors(-9, 18)) {
-        ASSERT_EQ(zelsMul_8u_Sfs(a.data(), b.data(), result.data(), 65536, s), zelStatusOk);
-        for (std::size_t i = 0; i < a.size(); i += 256)
-            zelsMulC_8u_Sfs(&a[i], b[i], &withConstant[i], 256, s);
-        for (std::size_t i = 0; i < a.size(); i++) {
-            ASSERT_EQ(result[i], product(a[i], b[i], s)) << +a[i] << " * " << +b[i] << " by " << s;
-            ASSERT_EQ(withConstant[i], result[i]) << +a[i] << " * " << +b[i] << " by " << s;
-        }
-    }
+    allPairs("zelsMul_8u_Sfs", zelsMul_8u_Sfs, product, -9, 18);
+    allPairs("zelsMulC_8u_Sfs", eachConstant(zelsMulC_8u_Sfs), product, -9, 18);
 }
 
 TEST(ScaledProducts, all16BitInputs)
 {
-    const auto allInputs = [](auto function, auto val, int highest) {
-        using T = decltype(val);
-        std::vector<T> a(65536), result(65536);
-        for (std::size_t i = 0; i < a.size(); i++)
-            a[i] = static_cast<T>(i);
-        for (const int s : factors(-18, highest)) {
-            function(a.data(), val, result.data(), 65536, s);
-            for (std::size_t i = 0; i < a.size(); i++)
-                ASSERT_EQ(result[i], product(a[i], val, s)) << a[i] << " * " << val << " by " << s;
-        }
-    };
-    for (const Zel16s val :
-         std::initializer_list<Zel16s>{-32768, -32767, -3, -1, 0, 1, 2, 4096, 23170, 32767})
-        allInputs(zelsMulC_16s_Sfs, val, 32);
-    for (const Zel16u val : std::initializer_list<Zel16u>{0, 1, 3, 256, 32768, 46341, 65535})
-        allInputs(zelsMulC_16u_Sfs, val, 34);
+    allInputs<Zel16s>("zelsMulC_16s_Sfs", zelsMulC_16s_Sfs, product, -18, 32,
+                      {-32768, -32767, -3, 0, 1, 2, 4096, 23170, 32767});
+    allInputs<Zel16u>("zelsMulC_16u_Sfs", zelsMulC_16u_Sfs, product, -18, 34, {0, 1, 3, 256, 46341, 65535});
 }
 
 TEST(ScaledProducts, everyFactor)
@@ -141,22 +126,17 @@ TEST(ScaledProducts, products64s)
 TEST(ScaledProducts, everyLengthAndAlignment)
 {
     const auto paths = {0, 1, 3, 16, 20, 32, 40, 70, -2, -40};
-    sweepPaths(product,
-               EXPORTS(zelsMul_8u_Sfs, zelsMul_16s_Sfs, zelsMul_16u_Sfs, zelsMul_16sc_Sfs, zelsMul_32s_Sfs,
-                       zelsMul_32sc_Sfs, zelsMul_8u_ISfs, zelsMul_16s_ISfs, zelsMul_16u_ISfs,
-                       zelsMul_16sc_ISfs, zelsMul_32s_ISfs, zelsMul_32sc_ISfs, zelsMul_16u16s_Sfs),
-               paths);
+    sweepPaths(product, products, paths);
     sweepPaths(product16s32s, EXPORTS(zelsMul_16s32s_Sfs), paths);
-    sweepPaths(product,
-               EXPORTS(zelsMulC_8u_Sfs, zelsMulC_16s_Sfs, zelsMulC_16u_Sfs, zelsMulC_32s_Sfs,
-                       zelsMulC_8u_ISfs, zelsMulC_16s_ISfs, zelsMulC_16u_ISfs, zelsMulC_32s_ISfs,
-                       zelsMulC_32s_Sfs_L, zelsMulC_32s_ISfs_L),
-               paths, 77);
-    sweepPaths(product, EXPORTS(zelsMulC_16sc_Sfs, zelsMulC_16sc_ISfs), paths, Zel16sc{1000, -7});
-    sweepPaths(product, EXPORTS(zelsMulC_32sc_Sfs, zelsMulC_32sc_ISfs), paths, Zel32sc{-70000, 5});
+    sweepPaths(product, byConstant, paths, 77);
+    sweepPaths(product, byConstant16sc, paths, Zel16sc{1000, -7});
+    sweepPaths(product, byConstant32sc, paths, Zel32sc{-70000, 5});
     sweepPaths(addedProduct, EXPORTS(zelsAddProduct_16s_Sfs, zelsAddProduct_16s32s_Sfs), paths);
     sweepPaths(addedProduct32s, EXPORTS(zelsAddProduct_32s_Sfs), paths);
-    // Where the destination streams.
+}
+
+TEST(ScaledProductsLong, stream)
+{
     sweep(product16s32s, EXPORTS(zelsMul_16s32s_Sfs),
           {.block = 0, .around = {262151}, .lengths = {}, .inPlace = false, .repeats = 1}, 4);
 }
@@ -167,7 +147,7 @@ TEST(ScaledProducts, neutralConstants)
         sweepPaths(product, EXPORTS(zelsMulC_8u_Sfs, zelsMulC_8u_ISfs, zelsMulC_16s_ISfs, zelsMulC_32s_Sfs),
                    {0, 1, -60}, val);
     for (const Zel16sc val : {Zel16sc{1, 0}, Zel16sc{0, 1}})
-        sweepPaths(product, EXPORTS(zelsMulC_16sc_Sfs, zelsMulC_16sc_ISfs), {0, 1}, val);
+        sweepPaths(product, byConstant16sc, {0, 1}, val);
 }
 
 TEST(ScaledProducts, withoutScaleFactor)
@@ -181,15 +161,8 @@ TEST(ScaledProducts, withoutScaleFactor)
 
 TEST(ScaledProducts, refusesBadArguments)
 {
-    badArguments(EXPORTS(zelsMul_8u_Sfs, zelsMul_16s_Sfs, zelsMul_16u_Sfs, zelsMul_16sc_Sfs, zelsMul_32s_Sfs,
-                         zelsMul_32sc_Sfs, zelsMul_8u_ISfs, zelsMul_16s_ISfs, zelsMul_16u_ISfs,
-                         zelsMul_16sc_ISfs, zelsMul_32s_ISfs, zelsMul_32sc_ISfs, zelsMul_16u16s_Sfs,
-                         zelsMul_16s32s_Sfs, zelsMul_16s, zelsMul_16s_I, zelsMul_8u16u,
-                         zelsAddProduct_16s_Sfs, zelsAddProduct_16s32s_Sfs, zelsAddProduct_32s_Sfs),
-                 pointersFirst);
-    badArguments(EXPORTS(zelsMulC_8u_Sfs, zelsMulC_16s_Sfs, zelsMulC_16u_Sfs, zelsMulC_16sc_Sfs,
-                         zelsMulC_32s_Sfs, zelsMulC_32sc_Sfs, zelsMulC_8u_ISfs, zelsMulC_16s_ISfs,
-                         zelsMulC_16u_ISfs, zelsMulC_16sc_ISfs, zelsMulC_32s_ISfs, zelsMulC_32sc_ISfs,
-                         zelsMulC_32s_Sfs_L, zelsMulC_32s_ISfs_L, zelsMulC_64s_ISfs, zelsMulC_16s_I),
-                 pointersFirst);
+    badArgumentsOf(pointersFirst, products, byConstant, byConstant16sc, byConstant32sc,
+                   EXPORTS(zelsMul_16s32s_Sfs, zelsMul_16s, zelsMul_16s_I, zelsMul_8u16u, zelsMulC_64s_ISfs,
+                           zelsMulC_16s_I, zelsAddProduct_16s_Sfs, zelsAddProduct_16s32s_Sfs,
+                           zelsAddProduct_32s_Sfs));
 }

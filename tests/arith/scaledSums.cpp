@@ -25,67 +25,48 @@ constexpr Scaled fromSecond{[](Wide a, Wide b) { return b - a; }};
 
 constexpr auto unscaledSum = [](auto a, auto b) { return saturated<decltype(b)>(Wide{a} + b); };
 
-/// All pairs of 8-bit elements, in one array of each function call.
-template <class Model, class F>
-void allPairs(const char* name, F function, const Model& model, int highest)
-{
-    std::vector<Zel8u> a(65536), b(65536), result(65536);
-    for (std::size_t i = 0; i < a.size(); i++) {
-        a[i] = static_cast<Zel8u>(i);
-        b[i] = static_cast<Zel8u>(i >> 8);
-    }
-    for (const int s : factors(-9, highest)) {
-        ASSERT_EQ(function(a.data(), b.data(), result.data(), 65536, s), zelStatusOk);
-        for (std::size_t i = 0; i < a.size(); i++)
-            ASSERT_EQ(result[i], model(a[i], b[i], s))
-                << name << " of " << +a[i] << ", " << +b[i] << " by " << s;
-    }
-}
-
-/// All 16-bit elements with a constant.
-template <class T, class Model, class F>
-void allInputs(const char* name, F function, const Model& model, T val, int highest)
-{
-    std::vector<T> a(65536), result(65536);
-    for (std::size_t i = 0; i < a.size(); i++)
-        a[i] = static_cast<T>(i);
-    for (const int s : factors(-17, highest)) {
-        ASSERT_EQ(function(a.data(), val, result.data(), 65536, s), zelStatusOk);
-        for (std::size_t i = 0; i < a.size(); i++)
-            ASSERT_EQ(result[i], model(a[i], val, s)) << name << " of " << a[i] << ", " << val << " by " << s;
-    }
-}
+const auto sums = EXPORTS(zelsAdd_8u_Sfs, zelsAdd_16s_Sfs, zelsAdd_16u_Sfs, zelsAdd_32s_Sfs, zelsAdd_8u_ISfs,
+                          zelsAdd_16s_ISfs, zelsAdd_16u_ISfs, zelsAdd_32s_ISfs);
+const auto differences = EXPORTS(zelsSub_8u_Sfs, zelsSub_16s_Sfs, zelsSub_16u_Sfs, zelsSub_32s_Sfs,
+                                 zelsSub_8u_ISfs, zelsSub_16s_ISfs, zelsSub_16u_ISfs, zelsSub_32s_ISfs);
+const auto complexSums = EXPORTS(zelsAdd_16sc_Sfs, zelsAdd_16sc_ISfs, zelsAdd_32sc_Sfs, zelsAdd_32sc_ISfs);
+const auto complexDifferences =
+    EXPORTS(zelsSub_16sc_Sfs, zelsSub_16sc_ISfs, zelsSub_32sc_Sfs, zelsSub_32sc_ISfs);
+const auto plusConstant = EXPORTS(zelsAddC_8u_Sfs, zelsAddC_16s_Sfs, zelsAddC_16u_Sfs, zelsAddC_32s_Sfs,
+                                  zelsAddC_8u_ISfs, zelsAddC_16s_ISfs, zelsAddC_16u_ISfs, zelsAddC_32s_ISfs);
+const auto lessConstant = EXPORTS(zelsSubC_8u_Sfs, zelsSubC_16s_Sfs, zelsSubC_16u_Sfs, zelsSubC_32s_Sfs,
+                                  zelsSubC_8u_ISfs, zelsSubC_16s_ISfs, zelsSubC_16u_ISfs, zelsSubC_32s_ISfs);
+const auto constantLess =
+    EXPORTS(zelsSubCRev_8u_Sfs, zelsSubCRev_16s_Sfs, zelsSubCRev_16u_Sfs, zelsSubCRev_32s_Sfs,
+            zelsSubCRev_8u_ISfs, zelsSubCRev_16s_ISfs, zelsSubCRev_16u_ISfs, zelsSubCRev_32s_ISfs);
+const auto plusConstant16sc = EXPORTS(zelsAddC_16sc_Sfs, zelsAddC_16sc_ISfs);
+const auto lessConstant16sc = EXPORTS(zelsSubC_16sc_Sfs, zelsSubC_16sc_ISfs);
+const auto constantLess16sc = EXPORTS(zelsSubCRev_16sc_Sfs, zelsSubCRev_16sc_ISfs);
+const auto plusConstant32sc = EXPORTS(zelsAddC_32sc_Sfs, zelsAddC_32sc_ISfs);
+const auto lessConstant32sc = EXPORTS(zelsSubC_32sc_Sfs, zelsSubC_32sc_ISfs);
+const auto constantLess32sc = EXPORTS(zelsSubCRev_32sc_Sfs, zelsSubCRev_32sc_ISfs);
 
 } // namespace
 
 TEST(ScaledSums, allPairsOf8Bits)
 {
-    allPairs("zelsAdd_8u_Sfs", zelsAdd_8u_Sfs, sum, 11);
-    allPairs("zelsSub_8u_Sfs", zelsSub_8u_Sfs, fromSecond, 10);
-    const auto eachConstant = [](auto function) {
-        return [=](const Zel8u* a, const Zel8u* b, Zel8u* result, int len, int s) {
-            for (int i = 0; i < len; i += 256)
-                function(a + i, b[i], result + i, 256, s);
-            return zelStatusOk;
-        };
-    };
-    allPairs("zelsAddC_8u_Sfs", eachConstant(zelsAddC_8u_Sfs), sum, 11);
-    allPairs("zelsSubC_8u_Sfs", eachConstant(zelsSubC_8u_Sfs), difference, 10);
-    allPairs("zelsSubCRev_8u_Sfs", eachConstant(zelsSubCRev_8u_Sfs), fromSecond, 10);
+    allPairs("zelsAdd_8u_Sfs", zelsAdd_8u_Sfs, sum, -9, 11);
+    allPairs("zelsSub_8u_Sfs", zelsSub_8u_Sfs, fromSecond, -9, 10);
+    allPairs("zelsAddC_8u_Sfs", eachConstant(zelsAddC_8u_Sfs), sum, -9, 11);
+    allPairs("zelsSubC_8u_Sfs", eachConstant(zelsSubC_8u_Sfs), difference, -9, 10);
+    allPairs("zelsSubCRev_8u_Sfs", eachConstant(zelsSubCRev_8u_Sfs), fromSecond, -9, 10);
 }
 
 TEST(ScaledSums, all16BitInputs)
 {
-    for (const Zel16s val : std::initializer_list<Zel16s>{-32768, -32767, -256, -1, 0, 1, 3, 16384, 32767}) {
-        allInputs("zelsAddC_16s_Sfs", zelsAddC_16s_Sfs, sum, val, 18);
-        allInputs("zelsSubC_16s_Sfs", zelsSubC_16s_Sfs, difference, val, 18);
-        allInputs("zelsSubCRev_16s_Sfs", zelsSubCRev_16s_Sfs, fromSecond, val, 18);
-    }
-    for (const Zel16u val : std::initializer_list<Zel16u>{0, 1, 3, 32767, 32768, 65535}) {
-        allInputs("zelsAddC_16u_Sfs", zelsAddC_16u_Sfs, sum, val, 19);
-        allInputs("zelsSubC_16u_Sfs", zelsSubC_16u_Sfs, difference, val, 18);
-        allInputs("zelsSubCRev_16u_Sfs", zelsSubCRev_16u_Sfs, fromSecond, val, 18);
-    }
+    const std::initializer_list<Zel16s> constants{-32768, -32767, -256, 0, 3, 16384, 32767};
+    allInputs("zelsAddC_16s_Sfs", zelsAddC_16s_Sfs, sum, -17, 18, constants);
+    allInputs("zelsSubC_16s_Sfs", zelsSubC_16s_Sfs, difference, -17, 18, constants);
+    allInputs("zelsSubCRev_16s_Sfs", zelsSubCRev_16s_Sfs, fromSecond, -17, 18, constants);
+    const std::initializer_list<Zel16u> unsignedConstants{0, 3, 32768, 65535};
+    allInputs("zelsAddC_16u_Sfs", zelsAddC_16u_Sfs, sum, -17, 19, unsignedConstants);
+    allInputs("zelsSubC_16u_Sfs", zelsSubC_16u_Sfs, difference, -17, 18, unsignedConstants);
+    allInputs("zelsSubCRev_16u_Sfs", zelsSubCRev_16u_Sfs, fromSecond, -17, 18, unsignedConstants);
 }
 
 TEST(ScaledSums, everyFactor)
@@ -114,36 +95,21 @@ TEST(ScaledSums, everyFactor)
 TEST(ScaledSums, everyLengthAndAlignment)
 {
     const auto paths = {0, 1, 3, 40, -2, -40};
-    sweepPaths(sum,
-               EXPORTS(zelsAdd_8u_Sfs, zelsAdd_16s_Sfs, zelsAdd_16u_Sfs, zelsAdd_32s_Sfs, zelsAdd_16sc_Sfs,
-                       zelsAdd_32sc_Sfs, zelsAdd_8u_ISfs, zelsAdd_16s_ISfs, zelsAdd_16u_ISfs,
-                       zelsAdd_32s_ISfs, zelsAdd_16sc_ISfs, zelsAdd_32sc_ISfs),
-               paths);
-    sweepPaths(fromSecond,
-               EXPORTS(zelsSub_8u_Sfs, zelsSub_16s_Sfs, zelsSub_16u_Sfs, zelsSub_32s_Sfs, zelsSub_16sc_Sfs,
-                       zelsSub_32sc_Sfs, zelsSub_8u_ISfs, zelsSub_16s_ISfs, zelsSub_16u_ISfs,
-                       zelsSub_32s_ISfs, zelsSub_16sc_ISfs, zelsSub_32sc_ISfs),
-               paths);
-    sweepPaths(sum,
-               EXPORTS(zelsAddC_8u_Sfs, zelsAddC_16s_Sfs, zelsAddC_16u_Sfs, zelsAddC_32s_Sfs,
-                       zelsAddC_8u_ISfs, zelsAddC_16s_ISfs, zelsAddC_16u_ISfs, zelsAddC_32s_ISfs),
-               paths, 77);
-    sweepPaths(difference,
-               EXPORTS(zelsSubC_8u_Sfs, zelsSubC_16s_Sfs, zelsSubC_16u_Sfs, zelsSubC_32s_Sfs,
-                       zelsSubC_8u_ISfs, zelsSubC_16s_ISfs, zelsSubC_16u_ISfs, zelsSubC_32s_ISfs),
-               paths, 77);
-    sweepPaths(fromSecond,
-               EXPORTS(zelsSubCRev_8u_Sfs, zelsSubCRev_16s_Sfs, zelsSubCRev_16u_Sfs, zelsSubCRev_32s_Sfs,
-                       zelsSubCRev_8u_ISfs, zelsSubCRev_16s_ISfs, zelsSubCRev_16u_ISfs, zelsSubCRev_32s_ISfs),
-               paths, 77);
+    sweepPaths(sum, sums, paths);
+    sweepPaths(sum, complexSums, paths);
+    sweepPaths(fromSecond, differences, paths);
+    sweepPaths(fromSecond, complexDifferences, paths);
+    sweepPaths(sum, plusConstant, paths, 77);
+    sweepPaths(difference, lessConstant, paths, 77);
+    sweepPaths(fromSecond, constantLess, paths, 77);
     const Zel16sc val16{1000, -7};
-    sweepPaths(sum, EXPORTS(zelsAddC_16sc_Sfs, zelsAddC_16sc_ISfs), paths, val16);
-    sweepPaths(difference, EXPORTS(zelsSubC_16sc_Sfs, zelsSubC_16sc_ISfs), paths, val16);
-    sweepPaths(fromSecond, EXPORTS(zelsSubCRev_16sc_Sfs, zelsSubCRev_16sc_ISfs), paths, val16);
+    sweepPaths(sum, plusConstant16sc, paths, val16);
+    sweepPaths(difference, lessConstant16sc, paths, val16);
+    sweepPaths(fromSecond, constantLess16sc, paths, val16);
     const Zel32sc val32{-70000, 5};
-    sweepPaths(sum, EXPORTS(zelsAddC_32sc_Sfs, zelsAddC_32sc_ISfs), paths, val32);
-    sweepPaths(difference, EXPORTS(zelsSubC_32sc_Sfs, zelsSubC_32sc_ISfs), paths, val32);
-    sweepPaths(fromSecond, EXPORTS(zelsSubCRev_32sc_Sfs, zelsSubCRev_32sc_ISfs), paths, val32);
+    sweepPaths(sum, plusConstant32sc, paths, val32);
+    sweepPaths(difference, lessConstant32sc, paths, val32);
+    sweepPaths(fromSecond, constantLess32sc, paths, val32);
 }
 
 TEST(ScaledSums, neutralConstants)
@@ -174,24 +140,10 @@ TEST(ScaledSums, withoutScaleFactor)
 
 TEST(ScaledSums, refusesBadArguments)
 {
-    badArguments(EXPORTS(zelsAdd_8u_Sfs, zelsAdd_16s_Sfs, zelsAdd_16u_Sfs, zelsAdd_32s_Sfs, zelsAdd_8u_ISfs,
-                         zelsAdd_16s_ISfs, zelsAdd_16u_ISfs, zelsAdd_32s_ISfs, zelsSub_8u_Sfs,
-                         zelsSub_16s_Sfs, zelsSub_16u_Sfs, zelsSub_32s_Sfs, zelsSub_8u_ISfs, zelsSub_16s_ISfs,
-                         zelsSub_16u_ISfs, zelsSub_32s_ISfs, zelsAdd_16s, zelsAdd_16s_I, zelsAdd_16u,
-                         zelsAdd_32u, zelsAdd_32u_I, zelsAdd_8u16u, zelsAdd_16s32s_I, zelsSub_16s,
-                         zelsSub_16s_I, zelsAddC_16s_I, zelsSubC_16s_I),
-                 pointersFirst);
-    badArguments(
-        EXPORTS(zelsAddC_8u_Sfs, zelsAddC_16s_Sfs, zelsAddC_16u_Sfs, zelsAddC_16sc_Sfs, zelsAddC_32s_Sfs,
-                zelsAddC_32sc_Sfs, zelsAddC_8u_ISfs, zelsAddC_16s_ISfs, zelsAddC_16u_ISfs, zelsAddC_16sc_ISfs,
-                zelsAddC_32s_ISfs, zelsAddC_32sc_ISfs, zelsSubC_8u_Sfs, zelsSubC_16s_Sfs, zelsSubC_16u_Sfs,
-                zelsSubC_16sc_Sfs, zelsSubC_32s_Sfs, zelsSubC_32sc_Sfs, zelsSubC_8u_ISfs, zelsSubC_16s_ISfs,
-                zelsSubC_16u_ISfs, zelsSubC_16sc_ISfs, zelsSubC_32s_ISfs, zelsSubC_32sc_ISfs,
-                zelsSubCRev_8u_Sfs, zelsSubCRev_16s_Sfs, zelsSubCRev_16u_Sfs, zelsSubCRev_16sc_Sfs,
-                zelsSubCRev_32s_Sfs, zelsSubCRev_32sc_Sfs, zelsSubCRev_8u_ISfs, zelsSubCRev_16s_ISfs,
-                zelsSubCRev_16u_ISfs, zelsSubCRev_16sc_ISfs, zelsSubCRev_32s_ISfs, zelsSubCRev_32sc_ISfs),
-        pointersFirst);
-    badArguments(EXPORTS(zelsAdd_16sc_Sfs, zelsAdd_16sc_ISfs, zelsAdd_32sc_Sfs, zelsAdd_32sc_ISfs,
-                         zelsSub_16sc_Sfs, zelsSub_16sc_ISfs, zelsSub_32sc_Sfs, zelsSub_32sc_ISfs),
-                 lengthFirst);
+    badArgumentsOf(pointersFirst, sums, differences, plusConstant, lessConstant, constantLess,
+                   plusConstant16sc, lessConstant16sc, constantLess16sc, plusConstant32sc, lessConstant32sc,
+                   constantLess32sc,
+                   EXPORTS(zelsAdd_16s, zelsAdd_16s_I, zelsAdd_16u, zelsAdd_32u, zelsAdd_32u_I, zelsAdd_8u16u,
+                           zelsAdd_16s32s_I, zelsSub_16s, zelsSub_16s_I, zelsAddC_16s_I, zelsSubC_16s_I));
+    badArgumentsOf(lengthFirst, complexSums, complexDifferences);
 }

@@ -58,6 +58,58 @@ inline std::vector<int> factors(int lowest, int highest)
     return list;
 }
 
+/// All values of a type of at most 16 bits.
+template <class T>
+std::vector<T> everyValue()
+{
+    std::vector<T> all(std::size_t{1} << (8 * sizeof(T)));
+    for (std::size_t i = 0; i < all.size(); i++)
+        all[i] = static_cast<T>(i);
+    return all;
+}
+
+/// All pairs of 8-bit elements by function(a, b, result, len, factor).
+template <class Model, class F>
+void allPairs(const char* name, F function, const Model& model, int lowest, int highest)
+{
+    std::vector<Zel8u> a(65536), b(65536), result(65536);
+    for (std::size_t i = 0; i < a.size(); i++) {
+        a[i] = static_cast<Zel8u>(i);
+        b[i] = static_cast<Zel8u>(i >> 8);
+    }
+    for (const int s : factors(lowest, highest)) {
+        ASSERT_EQ(function(a.data(), b.data(), result.data(), 65536, s), zelStatusOk);
+        for (std::size_t i = 0; i < a.size(); i++)
+            ASSERT_EQ(result[i], model(a[i], b[i], s))
+                << name << " of " << +a[i] << ", " << +b[i] << " by " << s;
+    }
+}
+
+/// For allPairs: a function of vector and constant.
+constexpr auto eachConstant = [](auto function) {
+    return [=](const Zel8u* a, const Zel8u* b, Zel8u* result, int len, int s) {
+        for (int i = 0; i < len; i += 256)
+            function(a + i, b[i], result + i, 256, s);
+        return zelStatusOk;
+    };
+};
+
+/// All 16-bit elements with each of some constants.
+template <class T, class Model, class F>
+void allInputs(const char* name, F function, const Model& model, int lowest, int highest,
+               std::initializer_list<T> constants)
+{
+    const std::vector<T> a = everyValue<T>();
+    std::vector<T> result(a.size());
+    for (const T val : constants)
+        for (const int s : factors(lowest, highest)) {
+            ASSERT_EQ(function(a.data(), val, result.data(), 65536, s), zelStatusOk);
+            for (std::size_t i = 0; i < a.size(); i++)
+                ASSERT_EQ(result[i], model(a[i], val, s))
+                    << name << " of " << a[i] << ", " << val << " by " << s;
+        }
+}
+
 /// Every factor on data out for trouble. The lengths are few: what matters is the arithmetic.
 template <class... Sources, class Model, class Functions, class... Scalars>
 void sweepFactors(const Model& model, const Functions& functions, int lowest, int highest, Scalars... scalars)
@@ -79,4 +131,10 @@ void sweepPaths(const Model& model, const Functions& functions, std::initializer
 {
     for (const int scaleFactor : scaleFactors)
         sweep(model, functions, {.lengths = {257, 1000}, .repeats = 1}, scalars..., scaleFactor);
+}
+
+template <class... Lists>
+void badArgumentsOf(CheckOrder order, const Lists&... lists)
+{
+    (badArguments(lists, order), ...);
 }

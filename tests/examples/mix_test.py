@@ -5,6 +5,7 @@ import pty
 import random
 import re
 import signal
+import struct
 import subprocess
 from pathlib import Path
 
@@ -13,12 +14,17 @@ from support import Picture, ProgramTest, f32, main, read_wave, write_wave
 BLOCK = 16384  # samples that the program handles at a time
 
 
-def clamp(x):
-    return max(-32768, min(32767, x))
+# Units of each format in one of 16 bits; what is finer than 24 bits is mixed as floats.
+UNITS = {"16": 1, "24": 2**8, "32": 2**16, "float": 2**-15, "double": 2**-15}
 
 
-def model(sources, channels=1, rate=48000, fade=0.0):
-    """The mix of [(samples, gain in decibels)], by the definition, in single precision where the program has it."""
+def clamp(x, bits):
+    return max(-(1 << bits - 1), min((1 << bits - 1) - 1, x))
+
+
+def model(sources, channels=1, rate=48000, fade=0.0, form="16"):
+    """The mix of [(samples in 16-bit units, gain in decibels)], by the definition, in single precision where the
+    program has it, and how many samples are clipped."""
     mixed = [0.0] * max(len(samples) for samples, _ in sources)
     for samples, decibels in sources:
         gain, frames = f32(10 ** (decibels / 20)), len(samples) // channels
@@ -29,18 +35,27 @@ def model(sources, channels=1, rate=48000, fade=0.0):
             if from_end < length:
                 part = f32(part * f32((from_end + 0.5) * f32(1 / length)))
             mixed[i] = f32(mixed[i] + part)
-    return [clamp(round(x)) for x in mixed], sum(round(x) != clamp(round(x)) for x in mixed)
+    if form == "float":
+        return [f32(x / 32768) for x in mixed], 0
+    rounded = [round(x * UNITS[form]) for x in mixed]
+    clipped = [clamp(x, int(form)) for x in rounded]
+    return clipped, sum(x != y for x, y in zip(rounded, clipped))
 
 
 class Exact(ProgramTest):
-    def check(self, sources, channels=1, rate=48000, fade=0.0):
-        arguments = []
+    def check(self, sources, channels=1, rate=48000, fade=0.0, forms=("16",), asked=None):
+        """Mixes [(samples, gain)] of these formats in turn, into the format asked for or the finest of theirs."""
+        arguments, units = ["--format", asked] if asked else [], []
         for number, (samples, gain) in enumerate(sources):
-            write_wave(self.path(f"{number}.wav"), samples, channels, rate)
+            form = forms[number % len(forms)]
+            write_wave(self.path(f"{number}.wav"), samples, channels, rate, form)
             arguments.append(f"{number}.wav:{gain!r}")
+            units.append(([f32(x / UNITS[form]) for x in samples], gain))
         told = self.run_well("-o", "mix.wav", "--fade", str(fade), *arguments)
-        mixed, mixed_channels, mixed_rate = read_wave(self.path("mix.wav"))
-        expected, clipped = model(sources, channels, rate, fade)
+        form = asked or ("16" if {*forms} == {"16"} else "24" if {*forms} <= {"16", "24"} else "float")
+        self.assertIn("mix.wav, " + (form if form == "float" else form + "-bit"), told)
+        mixed, mixed_channels, mixed_rate = read_wave(self.path("mix.wav"), form)
+        expected, clipped = model(units, channels, rate, fade, form)
         self.assertEqual((mixed_channels, mixed_rate, len(mixed)), (channels, rate, len(expected)))
         wrong = [i for i in range(len(expected)) if mixed[i] != expected[i]]
         self.assertEqual(wrong[:5], [])
@@ -75,6 +90,37 @@ class Exact(ProgramTest):
                 noise = lambda: [rng.randrange(-32768, 32768) for _ in range(frames * channels)]
                 self.check([(noise(), -3.5), (noise(), 4.25), (noise()[:channels], -20)], channels, fade=fade)
 
+    def test_formats(self):
+        rng = random.Random(4)
+        half = -6.020599913279624
+        most = 8388607
+        whole = [most, -most - 1, most, -most - 1, 1, 3, -1, -3, 127, 128, 129, -128, 384, most - 127, most - 128]
+        self.check([(whole, 0)], forms=["24"])
+        self.check([(whole, half), ([1, -1] * 4, 0)], forms=["24"])
+        self.check([(whole, 0), (whole, half)], forms=["24"])
+        self.check([(whole, 0)], forms=["24"], asked="16")
+        self.check([([1, -1, 32767, -32768], 0)], forms=["16"], asked="24")
+        parts = [0.5, -0.5, 1.0, -1.0, 1.5, -3.0, 1e-30, 0.75 + 2**-24, 32766.5 / 32768, -32768.5 / 32768, 2**-16]
+        for asked in (None, "24", "16"):
+            self.check([(parts, 0), (parts[::-1], half)], forms=["float"], asked=asked)
+            self.check([(parts, 0), ([100, -200], 0)], forms=["double", "16"], asked=asked)
+            self.check([([2**31 - 1, -(2**31), 12345678, 1 << 15], 0), (whole, -3)], forms=["32", "24"], asked=asked)
+        noise = lambda count, form: [rng.uniform(-1, 1) if form == "float" else rng.randrange(-most, most)
+                                     for _ in range(count)]
+        for channels, frames in ((1, BLOCK + 3), (2, BLOCK // 2 - 1), (6, 2 * (BLOCK // 6) + 1)):
+            for forms in (["24"], ["float", "24"]):
+                with self.subTest(channels=channels, forms=forms):
+                    self.check([(noise(frames * channels, forms[0]), -3.5), (noise(frames * channels, forms[-1]), 4)],
+                               channels, fade=0.01, forms=forms)
+
+    def test_another_container(self):
+        """Of one that has the high byte first."""
+        samples = [8388607, -8388608, 1, -2, 100000]
+        data = b"".join((x & 0xFFFFFF).to_bytes(3, "big") for x in samples)
+        Path(self.path("big.au")).write_bytes(struct.pack(">4s5I", b".snd", 24, len(data), 4, 48000, 1) + data)
+        self.run_well("-o", "mix.wav", "--fade", "0", "big.au")
+        self.assertEqual(read_wave(self.path("mix.wav"), "24")[0], samples)
+
     def test_no_samples(self):
         write_wave(self.path("empty.wav"), [])
         write_wave(self.path("one.wav"), [77])
@@ -83,7 +129,7 @@ class Exact(ProgramTest):
         self.assertEqual(len(read_wave(self.path("mix.wav"))[0]), 0)
         self.assertGreater(Picture(self.path("mix.png")).height, 100)
         self.run_well("-o", "mix.wav", "--fade=0", "empty.wav", "one.wav", "empty.wav")
-        self.assertEqual(list(read_wave(self.path("mix.wav"))[0]), [77])
+        self.assertEqual(read_wave(self.path("mix.wav"))[0], [77])
 
 
 class Names(ProgramTest):
@@ -92,7 +138,7 @@ class Names(ProgramTest):
             write_wave(self.path(name), [1000] * 10)
             for argument, expected in ((name, 1000), (name + ":-20", 100)):
                 self.run_well("-o", "mix.wav", "--fade", "0", argument)
-                self.assertEqual(list(read_wave(self.path("mix.wav"))[0]), [expected] * 10, argument)
+                self.assertEqual(read_wave(self.path("mix.wav"))[0], [expected] * 10, argument)
 
     def test_names_that_are_no_text(self):
         raw = os.fsencode(self.folder) + b"/\xff\xfe\x1b\xc3.wav"
@@ -109,7 +155,7 @@ class Names(ProgramTest):
         os.symlink("target.wav", self.path("link.wav"))
         self.run_well("-o", "link.wav", "--fade", "0", "in.wav")
         self.assertTrue(os.path.islink(self.path("link.wav")))
-        self.assertEqual(list(read_wave(self.path("target.wav"))[0]), [5] * 10)
+        self.assertEqual(read_wave(self.path("target.wav"))[0], [5] * 10)
         self.run_well("-o", "/dev/null", "in.wav")
         self.assertFalse(os.path.isfile("/dev/null"))
 
@@ -123,8 +169,9 @@ class Refusals(ProgramTest):
         write_wave(self.path("good.wav"), range(-500, 500))
         write_wave(self.path("rate.wav"), range(100), rate=44100)
         write_wave(self.path("stereo.wav"), range(100), channels=2)
-        write_wave(self.path("24bit.wav"), bytes(300), width=3)
-        write_wave(self.path("8bit.wav"), bytes(300), width=1)
+        write_wave(self.path("8bit.wav"), bytes(300), form="8")
+        for name in ("nan", "inf", "1e7"):
+            write_wave(self.path(name + ".wav"), [0.5, float(name)], form="float")
         Path(self.path("text.txt")).write_text("no sound at all\n" * 20)
         Path(self.path("nothing.wav")).touch()
         whole = Path(self.path("good.wav")).read_bytes()
@@ -139,11 +186,11 @@ class Refusals(ProgramTest):
             self.assertIn(name, message)
 
     def test_recordings(self):
-        for name in ("missing.wav", "24bit.wav", "8bit.wav", "text.txt", "nothing.wav", "header.wav", "cut.wav",
+        for name in ("missing.wav", "nan.wav", "inf.wav", "1e7.wav", "8bit.wav", "text.txt", "nothing.wav", "header.wav", "cut.wav",
                      "folder", "missing.wav:-3", "missing:1.wav"):
             for others in ([], ["good.wav"]):
                 self.refuse([name.removesuffix(":-3")], "-o", "mix.wav", "--plot", "mix.png", *others, name)
-        self.refuse(["24 bit"], "24bit.wav")
+        self.refuse(["8 bit"], "8bit.wav")
         self.refuse(["rate.wav", "44100", "good.wav", "48000"], "good.wav", "rate.wav")
         self.refuse(["stereo.wav", "good.wav", "mono"], "good.wav", "good.wav", "stereo.wav")
 
@@ -173,6 +220,8 @@ class Refusals(ProgramTest):
         self.refuse(["--help"], "good.wav", "-o")
         for seconds in ("x", "-1", "nan", "1e9"):
             self.refuse([seconds], "--fade", seconds, "good.wav")
+        for form in ("12", "", "double", "Float"):
+            self.refuse(["--format " + form], "--format", form, "good.wav")
 
 
 class Long(ProgramTest):

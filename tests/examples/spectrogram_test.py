@@ -68,7 +68,7 @@ class Spectrogram(ProgramTest):
 
     def test_refusals(self):
         write_wave(self.path("a.wav"), range(100))
-        write_wave(self.path("24bit.wav"), bytes(300), width=3)
+        write_wave(self.path("24bit.wav"), bytes(300), form="24")
         Path(self.path("text.txt")).write_text("no sound at all\n" * 20)
         for named, arguments in (("missing.wav", ["missing.wav"]), ("24bit.wav", ["24bit.wav"]),
                                  ("text.txt", ["text.txt"]), ("a.wav", ["-o", "a.wav", "a.wav"]),

@@ -82,7 +82,7 @@ class Files(ProgramTest):
         super().setUp()
         for name, length in (("one.wav", 20000), ("two.wav", 7)):
             write_wave(self.path(name), range(length))
-        write_wave(self.path("24bit.wav"), bytes(300), width=3)
+        write_wave(self.path("24bit.wav"), bytes(300), form="24")
         Path(self.path("text.txt")).write_text("no sound at all\n" * 20)
         Path(self.path("cut.wav")).write_bytes(Path(self.path("one.wav")).read_bytes()[:1000])
 

@@ -8,7 +8,6 @@ import subprocess
 import sys
 import tempfile
 import unittest
-import wave
 import zlib
 
 
@@ -17,20 +16,45 @@ def f32(x):
     return struct.unpack("f", struct.pack("f", x))[0]
 
 
-def write_wave(path, samples, channels=1, rate=48000, width=2, repeat=1):
-    """Writes interleaved 16-bit samples (or raw bytes, for other widths)."""
-    data = samples if isinstance(samples, bytes) else array.array("h", samples).tobytes()
-    with wave.open(path, "wb") as file:
-        file.setparams((channels, width, rate, 0, "NONE", ""))
+# The samples of wave files: tag and bytes of each.
+FORMATS = {"8": (1, 1), "16": (1, 2), "24": (1, 3), "32": (1, 4), "float": (3, 4), "double": (3, 8)}
+
+
+def write_wave(path, samples, channels=1, rate=48000, form="16", repeat=1):
+    """Writes interleaved samples, or their bytes."""
+    tag, width = FORMATS[form]
+    if not isinstance(samples, bytes):
+        codes = {"16": "h", "32": "i", "float": "f", "double": "d"}
+        samples = (array.array(codes[form], samples).tobytes() if form in codes else
+                   b"".join((x & 0xFFFFFF).to_bytes(3, "little") for x in samples))
+    length = len(samples) * repeat
+    chunk = struct.pack("<4sIHHIIHH", b"fmt ", 16, tag, channels, rate, rate * channels * width, channels * width,
+                        8 * width)
+    with open(path, "wb") as file:
+        file.write(struct.pack("<4sI4s", b"RIFF", 36 + length + length % 2, b"WAVE") + chunk)
+        file.write(struct.pack("<4sI", b"data", length))
         for _ in range(repeat):
-            file.writeframes(data)
+            file.write(samples)
+        file.write(bytes(length % 2))
 
 
-def read_wave(path):
-    """(samples, channels, rate) of a 16-bit wave file."""
-    with wave.open(path, "rb") as file:
-        assert file.getsampwidth() == 2
-        return (array.array("h", file.readframes(file.getnframes())), file.getnchannels(), file.getframerate())
+def read_wave(path, form="16"):
+    """(samples, channels, rate) of a wave file, which has to be of this format."""
+    data = pathlib.Path(path).read_bytes()
+    assert (data[:4], data[8:12]) == (b"RIFF", b"WAVE")
+    chunks, place = {}, 12
+    while place < len(data):
+        kind, length = struct.unpack_from("<4sI", data, place)
+        chunks[kind] = data[place + 8 : place + 8 + length]
+        place += 8 + length + length % 2
+    tag, channels, rate, _, block, bits = struct.unpack_from("<HHIIHH", chunks[b"fmt "])
+    assert (tag, bits, block) == (FORMATS[form][0], 8 * FORMATS[form][1], bits // 8 * channels)
+    body = chunks[b"data"]
+    if form == "24":
+        samples = [int.from_bytes(body[i : i + 3], "little", signed=True) for i in range(0, len(body), 3)]
+    else:
+        samples = list(array.array({"16": "h", "float": "f"}[form], body))
+    return samples, channels, rate
 
 
 class Picture:
