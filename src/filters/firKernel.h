@@ -106,20 +106,22 @@ template <template <class, int> class Sums, class T, class Taps>
         const auto sums = owns_detail::firSums<Sums<T, vectors>>(pSrc + at, taps, stride);
         ownsEach<vectors>([&](auto v) OWNS_INLINE { ownsStore(pDst + at + v * lanes, sums.result(v)); });
     };
-    constexpr std::integral_constant<int, sizeof(Sums<T, 1>) == ownsVecBytes ? 8 : 6> most;
-    constexpr std::integral_constant<int, most / 2> half;
+    // As many sums as leave registers for a tap and a product; then as many as hide half of the latency of the additions.
+    constexpr bool real = sizeof(Sums<T, 1>) == ownsVecBytes;
+    constexpr std::integral_constant<int, real ? 12 : 6> most;
+    constexpr std::integral_constant<int, real ? 4 : 3> some;
     constexpr std::integral_constant<int, 1> one;
 
     // The last block of each kind ends where the outputs end, and does some of the former's over again.
-    if (count >= half * lanes) {
+    if (count >= some * lanes) {
         ZelSize at = 0;
         for (; at <= count - most * lanes; at += most * lanes)
             block(most, at);
-        if (count - at > half * lanes && count >= most * lanes)
+        if (count - at > some * lanes && count >= most * lanes)
             block(most, count - most * lanes);
         else
-            for (; at < count; at += half * lanes)
-                block(half, at < count - half * lanes ? at : count - half * lanes);
+            for (; at < count; at += some * lanes)
+                block(some, at < count - some * lanes ? at : count - some * lanes);
     } else if (count >= lanes) {
         for (ZelSize at = 0; at < count; at += lanes)
             block(one, at < count - lanes ? at : count - lanes);

@@ -3,7 +3,10 @@
 
 namespace {
 
-// Overlap-save. Each transform takes L elements and gives the last v = L - h of them; the first h have wrapped around.
+// Overlap-save. Each transform takes L elements and gives the last v = L - h of them; the first h have wrapped around. The
+// first transform takes the history, the last one what is left of the block. Those between read the block where it lies
+// and write the destination where it lies, wrapped elements and all: the walk goes from the end to the start, so that the
+// transform before puts the right ones in their place.
 template <class E>
 class OverlapSave {
     using Fft = OwnsFirFft<E>;
@@ -19,20 +22,23 @@ class OverlapSave {
     void run(const E* pSrc, E* pDst, ZelSize count, const E* pHistory, ZelSize h)
     {
         const ZelSize v = length - h;
-        ZelSize done = v;
-        for (; done + v <= count; done += v)
-            if (!filter(pSrc + (done - h)) || !deliver(pDst + done, v, h))
-                return;
-        // The history and the first samples; what is left.
         const ZelSize first = count < v ? count : v;
-        join(pHistory, h, pSrc, first);
-        if (!filter(pBlock) || !deliver(pDst, first, h))
-            return;
-        if (done < count) {
-            join(pSrc + (done - h), h, pSrc + done, count - done);
-            if (filter(pBlock))
-                deliver(pDst + done, count - done, h);
+        const ZelSize rest = (count - first) % v;
+        ZelSize at = count - rest;
+        if (rest > 0) {
+            join(pSrc + (at - h), h, pSrc + at, rest);
+            if (!filter(pBlock, pBlock))
+                return;
+            ownsCopy(pBlock + h, pDst + at, rest);
         }
+        while (at > first) {
+            at -= v;
+            if (!filter(pSrc + (at - h), pDst + (at - h)))
+                return;
+        }
+        join(pHistory, h, pSrc, first);
+        if (filter(pBlock, pBlock))
+            ownsCopy(pBlock + h, pDst, first);
     }
 
   private:
@@ -49,18 +55,12 @@ class OverlapSave {
         ownsZero(pBlock + h + count, length - h - count);
     }
 
-    bool filter(const E* pSrc)
+    // The plan was made with the record, so that nothing can fail; if it did, the call would end there.
+    bool filter(const E* pSrc, E* pDst)
     {
         return Fft::forward(pSrc, pBlock, pPlan, pWork) == zelStatusOk &&
-               Fft::multiply(pTaps, pBlock, length) == zelStatusOk;
-    }
-
-    bool deliver(E* pDst, ZelSize count, ZelSize h)
-    {
-        if (Fft::inverse(pBlock, pBlock, pPlan, pWork) != zelStatusOk)
-            return false;
-        ownsCopy(pBlock + h, pDst, count);
-        return true;
+               Fft::multiply(pTaps, pBlock, length) == zelStatusOk &&
+               Fft::inverse(pBlock, pDst, pPlan, pWork) == zelStatusOk;
     }
 };
 
