@@ -135,21 +135,29 @@ template <class Data, class Taps>
 std::vector<Output> exactOutputs(const std::vector<Data>& history, const std::vector<Data>& x,
                                  const std::vector<Taps>& taps)
 {
-    std::vector<Exact> all, t;
-    for (const Data& sample : history)
-        all.push_back(exactly(sample));
-    for (const Data& sample : x)
-        all.push_back(exactly(sample));
-    for (const Taps& tap : taps)
-        t.push_back(exactly(tap));
+    struct Term {
+        Exact value;
+        long double magnitude;
+    };
+    std::vector<Term> all, t;
+    const auto add = [](std::vector<Term>& terms, const auto& values) {
+        for (const auto& value : values)
+            terms.push_back({exactly(value), std::abs(exactly(value))});
+    };
+    add(all, history);
+    add(all, x);
+    add(t, taps);
     std::vector<Output> y(x.size());
-    for (std::size_t m = 0; m < x.size(); m++)
+    for (std::size_t m = 0; m < x.size(); m++) {
+        long double re = 0, im = 0;
         for (std::size_t k = 0; k < t.size(); k++) {
-            const Exact a = t[k], b = all[m + history.size() - k];
-            y[m].value +=
-                Exact(a.real() * b.real() - a.imag() * b.imag(), a.real() * b.imag() + a.imag() * b.real());
-            y[m].magnitudes += std::abs(a) * std::abs(b);
+            const Term &a = t[k], &b = all[m + history.size() - k];
+            re += a.value.real() * b.value.real() - a.value.imag() * b.value.imag();
+            im += a.value.real() * b.value.imag() + a.value.imag() * b.value.real();
+            y[m].magnitudes += a.magnitude * b.magnitude;
         }
+        y[m].value = {re, im};
+    }
     return y;
 }
 
