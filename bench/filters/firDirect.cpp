@@ -60,6 +60,24 @@ const auto liquid = [](const Zel32f* src, Zel32f* dst, ZelSize length, const Zel
 const auto liquid = [](auto...) { return bench::NoPeer{}; };
 #endif
 
+// 16-bit samples beside floats: what the conversions cost.
+template <class S, class Data, class Init, class Run, class FloatRun>
+void rows16(bench::Run& run, const std::string& name, ZelDataType type, Init init, Run filterRun,
+            FloatRun floatRun)
+{
+    for (const int n : manyTaps)
+        for (const ZelSize length : {256, 4096, 65536}) {
+            const std::string row = name + ", " + std::to_string(n) + " taps";
+            if (!run.wants(row))
+                continue;
+            const Filter<Data> filter(n, zelAlgDirect, sizesOf(type), init);
+            bench::Array<S> x(length), y(length);
+            bench::Array<Data> u(length), v(length);
+            run.row(row, length, {}, filter.call(filterRun, x.get(), y.get(), length),
+                    bench::peer("zels floats", filter.call(floatRun, u.get(), v.get(), length)));
+        }
+}
+
 const bench::Family family("Single-rate FIR, direct", [](bench::Run& run) {
     rows<Zel32f, Zel32f>(run, "zelsFIRSR_32f", 1 / 4.0, sizesOf(zelDt32f), zelsFIRSRInit_32f, zelsFIRSR_32f,
                          innerProduct, liquid);
@@ -70,6 +88,9 @@ const bench::Family family("Single-rate FIR, direct", [](bench::Run& run) {
                            zelsFIRSR_64fc);
     rows<Zel32fc, Zel32f>(run, "zelsFIRSR32f_32fc", 1 / 2.0, zelsFIRSRGetSize32f_32fc, zelsFIRSRInit32f_32fc,
                           zelsFIRSR32f_32fc);
+    rows16<Zel16s, Zel32f>(run, "zelsFIRSR_16s", zelDt32f, zelsFIRSRInit_32f, zelsFIRSR_16s, zelsFIRSR_32f);
+    rows16<Zel16sc, Zel32fc>(run, "zelsFIRSR_16sc", zelDt32fc, zelsFIRSRInit_32fc, zelsFIRSR_16sc,
+                             zelsFIRSR_32fc);
 });
 
 } // namespace

@@ -35,11 +35,12 @@ extern "C" {
  * one for the next call to `pDlyDst`. They may be one array. A null `pDlySrc` stands for zeros; with a null `pDlyDst` the
  * history is not delivered. With one tap neither is touched.
  *
- *  **In place.** `pSrc` and `pDst` may be the same array, and `pDst` may be `pDlySrc`; other overlaps are not allowed.
+ *  **In place.** `pSrc` and `pDst` may be the same array, and `pDst` may be `pDlySrc`. Otherwise an array that is written overlaps no
+ * other one.
  *
  *  **Engines.** The direct engine sums over the taps, from the oldest sample to the newest, in the precision of the data;
  * a stream gives the same bits however it is cut into calls. The error of an output stays below `n * epsilon / 2` times
- * the sum of the magnitudes of its terms (complex: twice that). The FFT engine works on blocks by the overlap-save method
+ * the sum of the magnitudes of its terms (complex taps: twice that). The FFT engine works on blocks by the overlap-save method
  * with a transform of 2 to 4 times n samples (mixed form: of twice as many parts); its error is that of the transforms,
  * small against the greatest samples of the block rather than against the terms of the output, and an infinity or a NaN
  * spreads over the whole block. #zelAlgAuto takes it for a call of at least so many samples with at least so many taps:

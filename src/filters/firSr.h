@@ -41,7 +41,7 @@ struct OwnsFirSrForm {
     static constexpr int fromTaps = fromTaps_;
     static constexpr int fromIters = fromIters_;
     /// Elements of the transform in one sample: complex samples under real taps are transformed as twice as many reals.
-    static constexpr int perSample = sizeof(Data) / sizeof(Element);
+    static constexpr int perSample = ownsIsComplex<Data> && !ownsIsComplex<Element> ? 2 : 1;
     /// Samples in the output area.
     static constexpr ZelSize chunk = ownsFirAreaBytes / static_cast<ZelSize>(sizeof(Data));
 };
