@@ -83,7 +83,7 @@ template <class S, class Narrow>
     for (; i + 16 <= count; i += 16) {
         Zel8u* p = pDst + bytes24 * i;
         __m128i part[4];
-        ownsRepeat<4>([&](int k) { part[k] = gathered(ownsInt(narrow(ownsLoad(pSrc + i + 4 * k)))); });
+        ownsEach<4>([&](int k) { part[k] = gathered(ownsInt(narrow(ownsLoad(pSrc + i + 4 * k)))); });
         // Twelve bytes are three lanes: lanes 0 1 2 of each part, one after the other.
         ownsStore(p, ownsAs<Zel8u>(inserted<0x30>(part[0], part[1])));
         ownsStore(p + 16, ownsAs<Zel8u>(shuffled<0x49>(part[1], part[2])));

@@ -23,14 +23,14 @@ struct Narrow {
     OwnsVec<D> operator()(OwnsVecs<Zel32f, n> x) const
     {
         __m128i integers[n];
-        ownsRepeat<n>([&](int k) { integers[k] = Round::integers(ownsBounded(scale(x.v[k]), limit)); });
+        ownsEach<n>([&](int k) { integers[k] = Round::integers(ownsBounded(scale(x.v[k]), limit)); });
         return ownsPacked<D>(integers);
     }
     template <int n>
     OwnsVec<D> operator()(OwnsVecs<Zel64f, n> x) const
     {
         __m128i integers[n / 2];
-        ownsRepeat<n / 2>([&](int k) {
+        ownsEach<n / 2>([&](int k) {
             integers[k] = ownsIntegers<Round>(ownsBounded(scale(x.v[2 * k]), limit),
                                               ownsBounded(scale(x.v[2 * k + 1]), limit));
         });

@@ -102,7 +102,7 @@ template <class D, class A, class B, class Results>
 inline OwnsVec<D> ownsInLanes32(A divisors, B dividends, Results results)
 {
     __m128i r[4 / sizeof(D)];
-    ownsRepeat<4 / sizeof(D)>(
+    ownsEach<4 / sizeof(D)>(
         [&](auto k) { r[k] = results(ownsWide32<k>(divisors), ownsWide32<k>(dividends)); });
     return ownsPacked<D>(r);
 }

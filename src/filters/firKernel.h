@@ -5,7 +5,6 @@
 // `stride` is the parts of one sample.
 #pragma once
 
-#include "frame/each.h"
 #include "frame/vec.h"
 
 /// A tap in a vector of its own: the newest sample's stands first in memory.

@@ -5,12 +5,12 @@
 // vectors of their parts, real and imaginary in turn.
 #pragma once
 
+#include "frame/each.h"
 #include "zels/types.h"
 
 #include <cstdint>
 #include <smmintrin.h>
 #include <type_traits>
-#include <utility>
 
 /// The vector width in bytes. Drivers count lanes by it; code in which the order of operations is part of the
 /// result fixes its lanes in its own types instead.
@@ -222,17 +222,6 @@ inline void ownsStorePart(T* p, std::type_identity_t<OwnsVec<T>> v, int n)
     }
 }
 
-/// Calls `step` with 0 to n - 1 as constants, each call written out: what is indexed by them stays in registers.
-template <int n, class Step>
-[[gnu::always_inline]] inline void ownsRepeat(Step step)
-{
-    [&]<int... k>(std::integer_sequence<int, k...>) __attribute__((always_inline))
-    {
-        (step(std::integral_constant<int, k>{}), ...);
-    }
-    (std::make_integer_sequence<int, n>{});
-}
-
 /// As many elements of S as a vector of D has lanes: a whole vector where the sizes agree; where S is
 /// narrower, the low part of a vector (the rest is zero); where S is wider, several vectors.
 template <class D, class S>
@@ -249,7 +238,7 @@ inline auto ownsTake(const S* p)
         return ownsAs<S>(_mm_cvtsi32_si128(ownsGet(reinterpret_cast<const Zel16u*>(p))));
     } else {
         OwnsVecs<S, bytes / ownsVecBytes> vecs;
-        ownsRepeat<bytes / ownsVecBytes>([&](int k) { vecs.v[k] = ownsLoad(p + k * ownsLanes<S>); });
+        ownsEach<bytes / ownsVecBytes>([&](int k) { vecs.v[k] = ownsLoad(p + k * ownsLanes<S>); });
         return vecs;
     }
 }
@@ -263,7 +252,7 @@ inline auto ownsTakePart(const S* p, int n)
         return ownsLoadPart(p, n);
     } else {
         OwnsVecs<S, bytes / ownsVecBytes> vecs;
-        ownsRepeat<bytes / ownsVecBytes>([&](int k) {
+        ownsEach<bytes / ownsVecBytes>([&](int k) {
             const int left = n - k * ownsLanes<S>;
             vecs.v[k] = left >= ownsLanes<S> ? ownsLoad(p + k * ownsLanes<S>)
                         : left > 0           ? ownsLoadPart(p + k * ownsLanes<S>, left)

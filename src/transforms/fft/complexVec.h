@@ -8,7 +8,6 @@
 // The operations have the same names for both, so that a butterfly is written once.
 #pragma once
 
-#include "frame/each.h"
 #include "frame/vec.h"
 
 /// The low `bits` bits of `value` in reverse.
