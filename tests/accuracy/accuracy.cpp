@@ -1,11 +1,14 @@
 // Writes the tables of docs/accuracy.md: the largest errors of the vector mathematics beside those of the system's
-// functions. Without arguments all of it; `accuracy --rows 32f exp` gives one row.
+// functions. `accuracy STEP` takes every STEP-th float: with 1 all of them, which
+// lasts minutes for each function; `accuracy STEP 32f exp` gives one row alone.
 #include "math/accuracy.h"
 #include "support/compare.h"
 #include "support/random.h"
 
+#include <algorithm>
 #include <bit>
 #include <cstdio>
+#include <cstdlib>
 #include <cstring>
 #include <sleef.h>
 #include <string>
@@ -113,16 +116,16 @@ void row(const Function& function, const Peers<T>& peers, Next next)
     std::fflush(stdout);
 }
 
-/// Every float.
-void row32f(const char* name)
+/// Every step-th float.
+void row32f(unsigned step, const char* name)
 {
     for (std::size_t i = 0; i < std::size(elementary32f); i++)
         if (!name || std::strcmp(name, elementary32f[i].name) == 0) {
             std::uint64_t bits = 0;
             row(elementary32f[i], peers32f[i], [&](OwnsF4& x) {
                 const auto low = static_cast<Zel32u>(bits);
-                x = ownsFromBits(OwnsU4{low, low + 1, low + 2, low + 3});
-                return (bits += 4) <= std::uint64_t{1} << 32;
+                x = ownsFromBits(OwnsU4{low, low + step, low + 2 * step, low + 3 * step});
+                return (bits += 4 * std::uint64_t{step}) <= std::uint64_t{1} << 32;
             });
         }
 }
@@ -157,22 +160,25 @@ constexpr const char* columns =
 
 int main(int argc, char** argv)
 {
-    if (argc == 4 && std::strcmp(argv[1], "--rows") == 0) {
-        std::strcmp(argv[2], "32f") == 0 ? row32f(argv[3]) : row64f(argv[3]);
+    const unsigned step = argc > 1 ? static_cast<unsigned>(std::max(1, std::atoi(argv[1]))) : 1;
+    if (argc == 4) {
+        std::strcmp(argv[2], "32f") == 0 ? row32f(step, argv[3]) : row64f(argv[3]);
         return 0;
     }
-    std::printf("# Accuracy of the vector mathematics\n\n"
-                "Written by `./dev accuracy`. Errors are in units of the last place of the exact result, in "
-                "the rounding\n"
-                "mode to nearest, against a reference of more precision. \"Promised\" is the bound that the "
-                "tests hold the\n"
-                "functions to; in the other rounding modes it is at most 2. The vector functions beside them "
-                "are those of\n"
-                "128 bits.\n\n"
-                "## Single precision: all 2^32 arguments\n\n%s",
-                columns);
+    const std::string which = step == 1 ? "all" : "every " + std::to_string(step) + "th of the";
+    std::printf(
+        "# Accuracy of the vector mathematics\n\n"
+        "Written by `./dev accuracy [STEP]`. Errors are in units of the last place of the exact result, in "
+        "the rounding\n"
+        "mode to nearest, against a reference of more precision. \"Promised\" is the bound that the "
+        "tests hold the\n"
+        "functions to; in the other rounding modes it is at most 2. The vector functions beside them "
+        "are those of\n"
+        "128 bits.\n\n"
+        "## Single precision: %s 2^32 arguments\n\n%s",
+        which.c_str(), columns);
     std::fflush(stdout);
-    row32f(nullptr);
+    row32f(step, nullptr);
     std::printf(
         "\n## Double precision: 40 million arguments\n\n"
         "Any bit pattern, the usual range, close to 1 and close to multiples of pi/2, in equal parts.\n\n%s",
