@@ -97,8 +97,8 @@ ZELS_API ZelStatus zelsSqrt_32s16s_Sfs(const Zel32s* pSrc, Zel16s* pDst, int len
 /** @} */
 
 /** @name Cube root
- *  The real cube root of each element, of its sign. In zelsCubrt_32f the error is below 0.51 units in the last
- * place over all arguments; roots of cubes are exact.
+ *  The real cube root of each element, of its sign: in zelsCubrt_32f within 1 unit in the last place (nearly
+ * rounded: docs/accuracy.md), the roots of cubes exact.
  *
  *  zelsCubrt_32s16s_Sfs takes the root in single precision, of the element rounded to that by the caller's mode,
  * and rounds it to the nearest integer, ties to even.
@@ -115,8 +115,8 @@ ZELS_API ZelStatus zelsCubrt_32s16s_Sfs(const Zel32s* pSrc, Zel16s* pDst, int le
 
 /** @name Exponential
  *  `exp(x)`, with the special values of the standard function and without a warning for results that overflow or
- * underflow. The error is below 0.98 units in the last place in `32f` and below 0.77 in `64f`, rounding to nearest.
- *  In `32f` all above 88.72283 gives infinity, all below -103.97208 gives 0.
+ * underflow, within 1 unit in the last place, rounding to nearest (docs/accuracy.md has the bounds). In `32f`
+ * all above 88.72283 gives infinity, all below -103.97208 gives 0.
  *
  *  The scaled forms give `exp(x) * 2^-scaleFactor` with one half added, without its fraction, saturated. Scale
  * factors count modulo 128, towards 0: 129 acts as 1, -129 as -1. The destination of zelsExp_32s_Sfs may begin
@@ -140,9 +140,9 @@ ZELS_API ZelStatus zelsExp_32s_ISfs(Zel32s* pSrcDst, int len, int scaleFactor);
 /** @} */
 
 /** @name Natural logarithm
- *  `ln(x)`: minus infinity for 0 of either sign, NaN for a negative element. The error is below 0.87 units in the
- * last place in `32f` and below 0.51 in `64f`, rounding to nearest. All elements are done in any case; then a zero
- * anywhere gives #zelWarnLnZero, else a negative element #zelWarnLnNegative.
+ *  `ln(x)`: minus infinity for 0 of either sign, NaN for a negative element, within 1 unit in the last place,
+ * rounding to nearest (docs/accuracy.md has the bounds). All elements are done in any case; then a zero anywhere
+ * gives #zelWarnLnZero, else a negative element #zelWarnLnNegative.
  *
  *  In the scaled forms an element below 1 gives the least integer of the type, and here the first such element
  * alone settles the warning. The others, by scale factor:

@@ -1,7 +1,8 @@
 // Vector mathematics for the whole library: exp, ln, sine with cosine, atan and atan2 of four floats or two
-// doubles. A vector in, a vector out:
+// doubles, and the cube root of four floats. A vector in, a vector out:
 //
-//     y = ownsExp(x);  y = ownsLn(x, &seen);  ownsSinCos(x, sin, cos);  y = ownsAtan(x);  angle = ownsAtan2(y, x);
+//     y = ownsExp(x);  y = ownsLn(x, &seen);  ownsSinCos(x, sin, cos);  y = ownsCubrt(x);
+//     y = ownsAtan(x);  angle = ownsAtan2(y, x);
 //
 // Each takes every argument, over the whole range of its type, and gives the special values of the standard's
 // function. A lane's result does not hang on the other lanes, so partly filled vectors are in order; what fills
