@@ -33,6 +33,7 @@ inline OwnsVec<Zel64f> ownsFilledUp(OwnsVec<Zel64f> x, int)
 /// parts are filled up: for angles and lengths 0 is a rare argument, which takes time.
 template <class Op>
 struct OwnsOnParts {
+    static constexpr OwnsCode code = OwnsCode::compact;
     Op op;
 
     template <class V>
