@@ -5,7 +5,16 @@
 
 namespace {
 
-constexpr auto arctan = [](auto x) { return ownsAtan(x); };
+struct Arctan {
+    static constexpr OwnsCode code = OwnsCode::compact;
+
+    template <class V>
+    V operator()(V x) const
+    {
+        return ownsAtan(x);
+    }
+};
+constexpr Arctan arctan;
 
 } // namespace
 

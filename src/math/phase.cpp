@@ -14,6 +14,8 @@ namespace {
 constexpr OwnsOnParts phase{[](auto re, auto im) { return ownsAtan2(im, re); }};
 
 struct PhaseOf16 {
+    static constexpr OwnsCode code = OwnsCode::compact;
+
     OwnsVec<Zel32f> operator()(OwnsVec<Zel16s> re, OwnsVec<Zel16s> im) const
     {
         return ownsAtan2(ownsWidened32f(im), ownsWidened32f(re));
@@ -33,6 +35,8 @@ class ScaledPhase {
     using V = OwnsVec<Zel32f>;
 
   public:
+    static constexpr OwnsCode code = OwnsCode::compact;
+
     explicit ScaledPhase(int scaleFactor)
         // From 2^29 on all angles but the smallest saturate, from 2^31 on all but 0.
         : factor64(ownsScaled(1, std::max(scaleFactor, -40))),

@@ -18,10 +18,35 @@ inline OwnsParts2<OwnsVec<Zel64f>> ownsDivided(OwnsVecs<Zel64fc, 2> x)
     return {_mm_unpacklo_pd(x.v[0], x.v[1]), _mm_unpackhi_pd(x.v[0], x.v[1])};
 }
 
-/// Calls `op` with the real and the imaginary parts of a source of either kind.
+/// The first `n` lanes, and 1 in the others.
+inline OwnsVec<Zel32f> ownsFilledUp(OwnsVec<Zel32f> x, int n)
+{
+    const __m128i isBehind = _mm_cmpgt_epi32(_mm_set_epi32(4, 3, 2, 1), _mm_set1_epi32(n));
+    return _mm_blendv_ps(x, _mm_set1_ps(1), _mm_castsi128_ps(isBehind));
+}
+inline OwnsVec<Zel64f> ownsFilledUp(OwnsVec<Zel64f> x, int)
+{
+    return OwnsVec<Zel64f>{x[0], 1};
+}
+
+/// Calls `op` with the real and the imaginary parts of a source of either kind. In partly filled vectors the real
+/// parts are filled up: for angles and lengths 0 is a rare argument, which takes time.
 template <class Op>
 struct OwnsOnParts {
+    static constexpr OwnsCode code = OwnsCode::compact;
     Op op;
+
+    template <class V>
+    auto part(int n, V re, V im) const
+    {
+        return op(ownsFilledUp(re, n), im);
+    }
+    template <class C>
+    auto part(int n, OwnsVecs<C, 2> x) const
+    {
+        const auto parts = ownsDivided(x);
+        return op(ownsFilledUp(parts.first, n), parts.second);
+    }
 
     template <class V>
     auto operator()(V re, V im) const
@@ -96,7 +121,10 @@ template <class T, class Op, class Destination, class... S>
     constexpr int lanes = ownsLanes<T>;
     ZelSize i = 0;
     const auto part = [&](int n) {
-        dst.putPart(i, op(ownsTakePart<T>(pSrc + i, n)...), n);
+        if constexpr (requires { op.part(n, ownsTakePart<T>(pSrc, n)...); })
+            dst.putPart(i, op.part(n, ownsTakePart<T>(pSrc + i, n)...), n);
+        else
+            dst.putPart(i, op(ownsTakePart<T>(pSrc + i, n)...), n);
         i += n;
     };
     if (len >= ownsPeelFrom / static_cast<ZelSize>(sizeof(T))) [[unlikely]]

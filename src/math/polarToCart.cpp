@@ -41,6 +41,8 @@ template <class C>
 
 class DoubleCartesian {
   public:
+    static constexpr OwnsCode code = OwnsCode::least;
+
     DoubleCartesian(int magnScaleFactor, int phaseScaleFactor)
         : magnFactor(powerOfTwo(magnScaleFactor)), phaseFactor(powerOfTwo(phaseScaleFactor))
     {
@@ -74,6 +76,8 @@ class DoubleCartesian {
 /// To be run in the rounding mode to nearest.
 class SingleCartesian {
   public:
+    static constexpr OwnsCode code = OwnsCode::compact;
+
     static bool serves(int magnScaleFactor, int phaseScaleFactor)
     {
         return magnScaleFactor >= 0 && phaseScaleFactor >= -64;

@@ -45,10 +45,11 @@ extern const std::array<AtanEntry32f, 4 * (1 + atanGridSize32)> atanTable32f;
     const auto& k = atanConstants32f;
     const OwnsU4 rounded = (ownsBits(a * OwnsF4{_mm_rcp_ps(b)}) + k.gridHalf) & k.gridBits;
     const OwnsU4 step = rounded >> atanGridShift32;
-    const __m128i none = _mm_srai_epi32(ownsInt(step - (atanGridStart32 >> atanGridShift32)), 31);
-    const OwnsF4 c = ownsAs<Zel32f>(_mm_andnot_si128(none, ownsInt(rounded)));
-    const auto onGrid =
-        ownsAs<Zel32u>(_mm_andnot_si128(none, ownsInt(step - ((atanGridStart32 >> atanGridShift32) - 1))));
+    const __m128i isOnGrid = _mm_cmpgt_epi32(ownsInt(rounded), _mm_set1_epi32(atanGridStart32 - 1));
+    const OwnsF4 c = ownsAs<Zel32f>(_mm_and_si128(isOnGrid, ownsInt(rounded)));
+    // Steps have less than 16 bits, and those below the grid saturate to 0.
+    const auto onGrid = ownsAs<Zel32u>(
+        _mm_subs_epu16(ownsInt(step), _mm_set1_epi32((atanGridStart32 >> atanGridShift32) - 1)));
     const auto behind = ownsAs<Zel32u>(_mm_srai_epi32(ownsInt(x), 31));
     const OwnsQuad32 at =
         ownsThroughMemory(onGrid + ((ownsBits(steep) & k.perSteep) + (behind & k.perBehind)));
@@ -153,8 +154,12 @@ extern const std::array<Zel64f, 1 + atanGridSize64> atanTable64f;
     const __m128i ax = ownsInt(ownsMagnitudeBits(x));
     const __m128i ay = ownsInt(ownsMagnitudeBits(y));
     const auto b = ownsAs<Zel32u>(_mm_max_epi32(ay, ax));
-    // A larger part outside 2^-100 .. 2^100, or a NaN.
-    if (ownsAny(ownsAtLeast(b, (127u + 100) << 23) | ownsBelow(b, (127u - 100) << 23))) [[unlikely]]
+    // A larger part outside 2^-100 .. 2^100, or a NaN: by signed numbers, of which the lower limit is the least.
+    constexpr Zel32u low = (127u - 100) << 23;
+    constexpr Zel32u high = (127u + 100) << 23;
+    const __m128i isRare = _mm_cmpgt_epi32(ownsInt(b + (ownsSign32 - low)),
+                                           _mm_set1_epi32(static_cast<int>(ownsSign32 + (high - low) - 1)));
+    if (ownsAny(ownsAs<Zel32u>(isRare))) [[unlikely]]
         return owns_detail::atan2Rare(y, x);
     return owns_detail::atan2Core(ownsAs<Zel32f>(_mm_min_epi32(ay, ax)), ownsFromBits(b),
                                   ownsAs<Zel32f>(_mm_cmpgt_epi32(ay, ax)), y, x);

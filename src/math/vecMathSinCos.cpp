@@ -19,6 +19,20 @@ constexpr SinCosConstants32f sinCosConstants32f = {
     .c1 = ownsAll(0x1.55553c7539e7ap-5),
     .c2 = ownsAll(-0x1.6c07f0102b635p-10),
     .c3 = ownsAll(0x1.99164b738cd6ap-16),
+    .near = ownsAll(0x1.45f306p-1f),
+    .p0 = ownsAll(0x1.922p0f),
+    .p1 = ownsAll(-0x1.2afp-18f),
+    .p2 = ownsAll(0x1.0b4p-34f),
+    .p3 = ownsAll(0x1.84698ap-48f),
+    .half = ownsAll(0.5f),
+    .unit = ownsAll(1.0f),
+    // (sin(r)/r - 1) / z, by which sines are off by 2^-29, and (cos(r) - 1 + z/2) / z^2, cosines by 2^-33.
+    .n0 = ownsAll(-0x1.55554p-3f),
+    .n1 = ownsAll(0x1.1105b4p-7f),
+    .n2 = ownsAll(-0x1.98da68p-13f),
+    .m0 = ownsAll(0x1.55554ap-5f),
+    .m1 = ownsAll(-0x1.6c0c8cp-10f),
+    .m2 = ownsAll(0x1.9a025ap-16f),
 };
 
 constexpr SinCosConstants64f sinCosConstants64f = {
@@ -131,13 +145,27 @@ SinCosReduced reducedAny(OwnsF2 m)
 void sinCosRare(OwnsF4 x, OwnsF4& sin, OwnsF4& cos)
 {
     const OwnsF4 m = ownsFromBits(ownsMagnitudeBits(x));
-    const SinCosReduced first = reducedAny(_mm_cvtps_pd(m));
-    const SinCosReduced second = reducedAny(_mm_cvtps_pd(_mm_movehl_ps(m, m)));
+    const OwnsF2 m01 = _mm_cvtps_pd(m);
+    const OwnsF2 m23 = _mm_cvtps_pd(_mm_movehl_ps(m, m));
     OwnsF2 s01, c01, s23, c23;
-    sinCosPoly32f(first.high, s01, c01);
-    sinCosPoly32f(second.high, s23, c23);
-    sinCosTurned(ownsNarrowed(s01, s23), ownsNarrowed(c01, c23), ownsLowHalves(first.n, second.n), m, x, sin,
-                 cos);
+    OwnsU2 n01, n23;
+    if (!ownsAny(ownsAtLeast(ownsBits(m), (127u + 21) << 23))) {
+        n01 = sinCosTwo32f(m01, s01, c01);
+        n23 = sinCosTwo32f(m23, s23, c23);
+    } else {
+        const SinCosReduced first = reducedAny(m01);
+        const SinCosReduced second = reducedAny(m23);
+        sinCosPoly32f(first.high, s01, c01);
+        sinCosPoly32f(second.high, s23, c23);
+        n01 = first.n;
+        n23 = second.n;
+    }
+    // Lanes that are not rare have the results that they have among their like.
+    const OwnsU4 isFar = ownsAs<Zel32u>(ownsBits(m) >= sinCosNear32f);
+    OwnsF4 s, c;
+    const OwnsU4 n = sinCosNear(ownsFromBits(ownsBits(m) & ~isFar), s, c);
+    sinCosTurned(ownsSelect(isFar, ownsNarrowed(s01, s23), s), ownsSelect(isFar, ownsNarrowed(c01, c23), c),
+                 (ownsLowHalves(n01, n23) & isFar) | (n & ~isFar), m, x, sin, cos);
 }
 
 void sinCosRare(OwnsF2 x, OwnsF2& sin, OwnsF2& cos)

@@ -17,8 +17,35 @@ namespace owns_detail OWNS_INTERNAL {
 
 struct SinCosConstants32f {
     OwnsF2 perHalfPi, halfPi, halfPiLow, rounder, one, s0, s1, s2, c0, c1, c2, c3;
+    OwnsF4 near, p0, p1, p2, p3, half, unit, n0, n1, n2, m0, m1, m2;
 };
 extern const SinCosConstants32f sinCosConstants32f;
+
+/// Where single precision alone is enough: magnitudes below 2^11.
+inline constexpr Zel32u sinCosNear32f = (127u + 11) << 23;
+
+/// For such magnitudes; n is returned. The first three parts of pi/2 have at most 13 bits, so that their products
+/// with n < 2^11 are exact; the first difference is exact too, and the others in two parts. What is dropped is
+/// below 2^-61, and no float of that range lies within 2^-35 of a multiple of pi/2.
+[[gnu::always_inline]] inline OwnsU4 sinCosNear(OwnsF4 m, OwnsF4& sin, OwnsF4& cos)
+{
+    const auto& k = sinCosConstants32f;
+    const OwnsF4 n = _mm_round_ps(m * k.near, _MM_FROUND_TO_NEAREST_INT | _MM_FROUND_NO_EXC);
+    const OwnsF4 first = m - n * k.p0;
+    const OwnsF4 second = n * k.p1;
+    const OwnsF4 upper = first - second;
+    const OwnsF4 third = n * k.p2;
+    const OwnsF4 r = upper - third;
+    const OwnsF4 low = (((first - upper) - second) + ((upper - r) - third)) - n * k.p3;
+    const OwnsF4 z = r * r;
+    sin = r + ((r * z) * (k.n0 + z * (k.n1 + z * k.n2)) + low);
+    // What 1 - z/2 loses in rounding is put back.
+    const OwnsF4 half = z * k.half;
+    const OwnsF4 most = k.unit - half;
+    const OwnsF4 tail = (z * z) * (k.m0 + z * (k.m1 + z * k.m2)) - r * low;
+    cos = most + (((k.unit - most) - half) + tail);
+    return ownsAs<Zel32u>(_mm_cvttps_epi32(n));
+}
 
 /// Sine and cosine of |r| <= pi/4 to the accuracy of single precision.
 [[gnu::always_inline]] inline void sinCosPoly32f(OwnsF2 r, OwnsF2& sin, OwnsF2& cos)
@@ -99,12 +126,11 @@ struct SinCosReduced {
 {
     using namespace owns_detail;
     const OwnsF4 m = ownsFromBits(ownsMagnitudeBits(x));
-    if (ownsAny(ownsAtLeast(ownsBits(m), (127u + 21) << 23))) [[unlikely]]
+    if (ownsAny(ownsAtLeast(ownsBits(m), sinCosNear32f))) [[unlikely]]
         return sinCosRare(x, sin, cos);
-    OwnsF2 s01, c01, s23, c23;
-    const OwnsU2 n01 = sinCosTwo32f(_mm_cvtps_pd(m), s01, c01);
-    const OwnsU2 n23 = sinCosTwo32f(_mm_cvtps_pd(_mm_movehl_ps(m, m)), s23, c23);
-    sinCosTurned(ownsNarrowed(s01, s23), ownsNarrowed(c01, c23), ownsLowHalves(n01, n23), m, x, sin, cos);
+    OwnsF4 s, c;
+    const OwnsU4 n = sinCosNear(m, s, c);
+    sinCosTurned(s, c, n, m, x, sin, cos);
 }
 
 [[gnu::always_inline]] inline void ownsSinCos(OwnsF2 x, OwnsF2& sin, OwnsF2& cos)

@@ -21,8 +21,14 @@ constexpr auto fixedCartesian = [](Zel16s magn, Zel16s phase, int magnScaleFacto
     return Zel16sc{roundedTo16(re), roundedTo16(im)};
 };
 
-/// Sine and cosine within 1 unit, of which a product may make 2, and one more rounding.
-constexpr double ulps = 2.5;
+/// A unit of sine and cosine may be two of a product, and that is rounded once more.
+constexpr ErrorBound boundOfProduct(auto type)
+{
+    const ErrorBound factor = boundOf("sin", type);
+    return {2 * factor.nearest + 0.5, 2 * factor.directed + 1};
+}
+constexpr ErrorBound bound32 = boundOfProduct(Zel32f{});
+constexpr ErrorBound bound64 = boundOfProduct(Zel64f{});
 
 /// Every phase, and magnitudes that vary.
 void checkPhases(const std::vector<Zel16s>& magnitudes, int magnScaleFactor, int phaseScaleFactor)
@@ -43,8 +49,10 @@ void checkPhases(const std::vector<Zel16s>& magnitudes, int magnScaleFactor, int
 
 TEST(PolarToCart, everyLengthAlignmentAndMode)
 {
-    sweepFloats(inTwo, EXPORTS(zelsPolarToCart_32f, zelsPolarToCart_64f), ulps);
-    sweepFloats(cartesian, EXPORTS(zelsPolarToCart_32fc, zelsPolarToCart_64fc), ulps);
+    sweepFloats(inTwo, EXPORTS(zelsPolarToCart_32f), bound32);
+    sweepFloats(inTwo, EXPORTS(zelsPolarToCart_64f), bound64);
+    sweepFloats(cartesian, EXPORTS(zelsPolarToCart_32fc), bound32);
+    sweepFloats(cartesian, EXPORTS(zelsPolarToCart_64fc), bound64);
     const SweepOptions options{
         .lengths = {257}, .modes = Modes::rounding, .modelToNearest = true, .repeats = 1};
     sweep(fixedCartesian, EXPORTS(zelsPolarToCart_16sc_Sfs), options, 0, 12);
@@ -53,8 +61,28 @@ TEST(PolarToCart, everyLengthAlignmentAndMode)
 
 TEST(PolarToCart, phasesOfAnySize)
 {
-    sweep(inTwo, EXPORTS(zelsPolarToCart_32f, zelsPolarToCart_64f),
-          {.ulps = ulps, .fills = fillBit(Fill::ordinary), .values = {.low = -1e30, .high = 1e30}});
+    const Values values{.low = -1e30, .high = 1e30};
+    sweep(inTwo, EXPORTS(zelsPolarToCart_32f),
+          {.ulps = bound32.nearest, .fills = fillBit(Fill::ordinary), .values = values});
+    sweep(inTwo, EXPORTS(zelsPolarToCart_64f),
+          {.ulps = bound64.nearest, .fills = fillBit(Fill::ordinary), .values = values});
+}
+
+TEST(PolarToCart, phasesOfEachRangeBesideOthers)
+{
+    const Zel32f phases[]{1.25f, 2047.9f, 2048, 3e6f, 1e30f, INFINITY, NAN, -0.0f};
+    for (const Zel32f phase : phases)
+        for (const Zel32f other : phases)
+            for (std::size_t at = 0; at < 4; at++) {
+                const Zel32f magn[]{1, 1, 1, 1};
+                Zel32f mixed[]{other, other, other, other};
+                mixed[at] = phase;
+                Zel32fc found[4], alone;
+                zelsPolarToCart_32fc(magn, mixed, found, 4);
+                zelsPolarToCart_32fc(magn, &phase, &alone, 1);
+                EXPECT_LT(firstDifference(Kind::f32, &found[at], &alone, 2), 0)
+                    << phase << " beside " << other;
+            }
 }
 
 TEST(PolarToCart, roundsTheExactParts)

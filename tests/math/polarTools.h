@@ -1,20 +1,20 @@
 // What the tests of polar geometry share: error bounds as they are documented, models, arguments.
 #pragma once
 
+#include "math/accuracy.h"
 #include "math/fixedTools.h"
 
-/// In units of the last place, rounding to nearest.
-inline constexpr double ulpsPolar = 1;
-
-/// A sweep to nearest with all kinds of data, and one in every rounding mode, where each rounding may be off by a
-/// whole unit, with ordinary data.
+/// A sweep to nearest with all kinds of data, and one in every rounding mode with ordinary data.
 template <class Model, class... F>
-void sweepFloats(const Model& model, const Exports<F...>& exports, double ulps = ulpsPolar)
+void sweepFloats(const Model& model, const Exports<F...>& exports, ErrorBound bound)
 {
-    sweep(model, exports, {.ulps = ulps});
+    sweep(model, exports, {.ulps = bound.nearest});
     sweep(model, exports,
-          {.lengths = {1000}, .ulps = 2 * ulps, .modes = Modes::rounding, .fills = tameFills});
+          {.lengths = {1000}, .ulps = bound.directed, .modes = Modes::rounding, .fills = tameFills});
 }
+
+inline constexpr ErrorBound boundOfPhase32{0.83, 2};
+inline constexpr ErrorBound boundOfPhase64{0.79, 2};
 
 constexpr auto angleOf = [](auto re, auto im) {
     return std::atan2(static_cast<long double>(im), static_cast<long double>(re));

@@ -231,4 +231,6 @@ TEST(VecMathExports, dependNeitherOnPlaceNorOnLength)
     test(zelsLn_32f, Zel32f{}, "zelsLn_32f");
     test(zelsLn_64f, Zel64f{}, "zelsLn_64f");
     test(zelsCubrt_32f, Zel32f{}, "zelsCubrt_32f");
+    test(zelsArctan_32f, Zel32f{}, "zelsArctan_32f");
+    test(zelsArctan_64f, Zel64f{}, "zelsArctan_64f");
 }
