@@ -20,14 +20,14 @@ struct Narrow {
     static constexpr auto limit = std::numeric_limits<D>::max();
 
     template <int n>
-    OwnsVec<D> operator()(OwnsVecs<Zel32f, n> x) const
+    [[gnu::always_inline]] OwnsVec<D> operator()(OwnsVecs<Zel32f, n> x) const
     {
         __m128i integers[n];
         ownsEach<n>([&](int k) { integers[k] = Round::integers(ownsBounded(scale(x.v[k]), limit)); });
         return ownsPacked<D>(integers);
     }
     template <int n>
-    OwnsVec<D> operator()(OwnsVecs<Zel64f, n> x) const
+    [[gnu::always_inline]] OwnsVec<D> operator()(OwnsVecs<Zel64f, n> x) const
     {
         __m128i integers[n / 2];
         ownsEach<n / 2>([&](int k) {

@@ -28,15 +28,10 @@ template <class F>
 struct OwnsPowerOfTwo {
     F first, second;
 
-    explicit OwnsPowerOfTwo(int scaleFactor)
+    [[gnu::always_inline]] explicit OwnsPowerOfTwo(int scaleFactor)
+        : first(isNear(scaleFactor) ? nearFactor(scaleFactor) : farFactor(scaleFactor, false)),
+          second(isNear(scaleFactor) ? 1 : farFactor(scaleFactor, true))
     {
-        constexpr int most = std::is_same_v<F, Zel32f> ? 126 : 1022;
-        const int exponent = scaleFactor < -2 * most  ? 2 * most
-                             : scaleFactor > 2 * most ? -2 * most
-                                                      : -scaleFactor;
-        const int part = exponent > most ? most : exponent < -most ? -most : exponent;
-        first = static_cast<F>(ownsScaled(1.0, -part));
-        second = static_cast<F>(ownsScaled(1.0, part - exponent));
     }
 
     template <class X>
@@ -46,6 +41,25 @@ struct OwnsPowerOfTwo {
         if (second == 1) [[likely]]
             return product;
         return product * second;
+    }
+
+  private:
+    static constexpr int most = std::is_same_v<F, Zel32f> ? 126 : 1022;
+
+    static bool isNear(int scaleFactor) { return scaleFactor >= -most && scaleFactor <= most; }
+    static F nearFactor(int scaleFactor)
+    {
+        using Bits = std::conditional_t<std::is_same_v<F, Zel32f>, std::uint32_t, std::uint64_t>;
+        constexpr int mantissa = std::is_same_v<F, Zel32f> ? 23 : 52;
+        return std::bit_cast<F>(static_cast<Bits>(Bits(most + 1 - scaleFactor) << mantissa));
+    }
+    [[gnu::noinline]] static F farFactor(int scaleFactor, bool second)
+    {
+        const int exponent = scaleFactor < -2 * most  ? 2 * most
+                             : scaleFactor > 2 * most ? -2 * most
+                                                      : -scaleFactor;
+        const int part = exponent > most ? most : exponent < -most ? -most : exponent;
+        return static_cast<F>(ownsScaled(1.0, second ? part - exponent : -part));
     }
 };
 

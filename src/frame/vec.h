@@ -225,7 +225,7 @@ inline void ownsStorePart(T* p, std::type_identity_t<OwnsVec<T>> v, int n)
 /// As many elements of S as a vector of D has lanes: a whole vector where the sizes agree; where S is
 /// narrower, the low part of a vector (the rest is zero); where S is wider, several vectors.
 template <class D, class S>
-inline auto ownsTake(const S* p)
+[[gnu::always_inline]] inline auto ownsTake(const S* p)
 {
     constexpr int bytes = ownsLanes<D> * static_cast<int>(sizeof(S));
     if constexpr (bytes == ownsVecBytes) {
