@@ -40,12 +40,13 @@ TYPED_TEST(FftComplex, isAccurateAndTheSameInPlace)
 TYPED_TEST(FftComplex, wouldShowWeakTwiddles)
 {
     using T = typename TypeParam::T;
-    constexpr int order = 12, quarter = 1 << (order - 2);
+    constexpr int order = 12;
+    constexpr std::size_t quarter = std::size_t{1} << (order - 2);
     std::vector<T> exactly(quarter + 1), byRecurrence(quarter + 1), offByOne(quarter + 1);
     const long double step = 2 * M_PIl / (1 << order);
     std::complex<T> turned = 1;
-    for (int k = 0; k <= quarter; k++, turned *= std::complex<T>(std::polar(1.0L, step))) {
-        exactly[k] = static_cast<T>(sinl(k * step));
+    for (std::size_t k = 0; k <= quarter; k++, turned *= std::complex<T>(std::polar(1.0L, step))) {
+        exactly[k] = static_cast<T>(sinl(static_cast<long double>(k) * step));
         byRecurrence[k] = turned.imag();
         offByOne[k] = std::nextafter(exactly[k], k % 3 == 0 ? T{2} : T{-2});
     }
