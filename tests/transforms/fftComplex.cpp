@@ -1,4 +1,5 @@
 // Complex transforms: accuracy, in place and misplaced data, exact buffers, threads.
+#include "transforms/fft/tables.h"
 #include "transforms/fftForms.h"
 
 #include <thread>
@@ -33,6 +34,33 @@ TYPED_TEST(FftComplex, isAccurateAndTheSameInPlace)
 {
     for (int order = 0; order <= 20; order++)
         accurate<TypeParam>(order);
+}
+
+// The bounds must see a weak table: sines by the recurrence of the circle, and such as are off by one in the last place.
+TYPED_TEST(FftComplex, wouldShowWeakTwiddles)
+{
+    using T = typename TypeParam::T;
+    constexpr int order = 12;
+    constexpr std::size_t quarter = std::size_t{1} << (order - 2);
+    std::vector<T> exactly(quarter + 1), byRecurrence(quarter + 1), offByOne(quarter + 1);
+    const long double step = 2 * M_PIl / (1 << order);
+    std::complex<T> turned = 1;
+    for (std::size_t k = 0; k <= quarter; k++, turned *= std::complex<T>(std::polar(1.0L, step))) {
+        exactly[k] = static_cast<T>(sinl(static_cast<long double>(k) * step));
+        byRecurrence[k] = turned.imag();
+        offByOne[k] = std::nextafter(exactly[k], k % 3 == 0 ? T{2} : T{-2});
+    }
+    const auto x = randomSignal<T>(std::size_t{1} << order, "twiddles");
+    const auto exact = exactTransform(widened(x), -1);
+    const auto meanError = [&](const std::vector<T>& sines) {
+        Planned<TypeParam> planned(order);
+        ownsFftTwiddles(const_cast<T*>(planned.plan->twiddles), order, OwnsSines<T>{sines.data(), order});
+        return errorsOf(run(planned, false, false, x), exact, 1).mean;
+    };
+    const long double bound = boundsOf(order).mean;
+    EXPECT_LE(meanError(exactly), bound);
+    EXPECT_GT(meanError(byRecurrence), bound);
+    EXPECT_GT(meanError(offByOne), bound);
 }
 
 // Orders whose reordering or levels are others; up to 6 GiB of memory.

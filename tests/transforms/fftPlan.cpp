@@ -66,6 +66,49 @@ TEST(FftPlan, hasTheSizesPromised)
     }
 }
 
+// The formulas behind the rows: index table and twiddles of the whole, or the levels of columns and one leaf; two tables of
+// recombination; and the sines.
+template <class T>
+Sizes formula(int order, bool real)
+{
+    constexpr bool single = sizeof(T) == 4;
+    constexpr ZelSize e = 2 * sizeof(T), one = 1;
+    constexpr int decomposed = single ? 18 : 17;
+    constexpr auto rounded = [](ZelSize x) { return x & -64; };
+    const auto words = [&](int n) { return rounded(((one << n) & -4) + 67); };
+    const auto sines = [&](int n) { return single ? words(n) : rounded(((2 * one << n) & -8) + 71); };
+    struct Parts {
+        ZelSize plan, work;
+    };
+    const auto base = [&](int n) {
+        return Parts{rounded((e << n) + (single ? 71 : 79)), rounded((e << n) + 63)};
+    };
+    const auto levels = [&](auto self, int n) -> Parts {
+        const bool few = n < (single ? 20 : 19);
+        const int columns = few ? (single ? 4 : 6) : 8, tile = few ? 10 : single ? 14 : 13;
+        const Parts inner = n - columns < decomposed ? base(n - columns) : self(self, n - columns);
+        return {inner.plan + (e << (n - 1)), std::max(inner.work, e << tile)};
+    };
+    const auto parts = [&](int n) -> Parts {
+        if (n <= 5)
+            return {0, 0};
+        Parts p = n < decomposed ? base(n) : levels(levels, n);
+        if (n <= decomposed)
+            return {p.plan + words(n), p.work};
+        return {p.plan + (4 * one << (n - (single ? 12 : 10))) + (single ? 4160 : 1088),
+                std::max<ZelSize>(p.work, single ? 65536 : 32768)};
+    };
+    if (order <= (real && single ? 4 : 5))
+        return {208, 0, 0};
+    const int twoLevels = single ? 20 : 18;
+    const ZelSize recomb =
+        order <= twoLevels ? (e << (order - 2)) + 63 : (e << (order - (single ? 12 : 11))) + 8255;
+    const Parts p = parts(order - real);
+    return {static_cast<int>(p.plan + (real ? 2 * rounded(recomb) : 0) + 256),
+            static_cast<int>(order > 10 ? sines(order) + 64 : 0),
+            static_cast<int>(p.work != 0 ? p.work + 64 : 0)};
+}
+
 template <class Form>
 class FftPlans : public testing::Test {
   public:
@@ -74,6 +117,13 @@ class FftPlans : public testing::Test {
 };
 using Forms = testing::Types<C32fc, C64fc, C32f, C64f, R32f, R64f>;
 TYPED_TEST_SUITE(FftPlans, Forms);
+
+TYPED_TEST(FftPlans, haveTheSizesOfTheFormulas)
+{
+    constexpr bool real = std::is_same_v<TypeParam, R32f> || std::is_same_v<TypeParam, R64f>;
+    for (int order = 0; order <= this->highest; order++)
+        EXPECT_EQ(sizesOf<TypeParam>(order), formula<typename TypeParam::T>(order, real)) << order;
+}
 
 TYPED_TEST(FftPlans, testsSizeQueriesInOrder)
 {

@@ -20,21 +20,23 @@ struct OwnsOne {
     T re, im;
 };
 
-/// Interleaved source.
+/// Interleaved source. `Values` is the form in which a load gives values at no cost.
 template <class T>
 struct OwnsPairSource {
+    using Values = OwnsPairs<T>;
     static constexpr bool halfLines = false;
     const T* p;
 
     OwnsPairSource from(ZelSize i) const { return {p + 2 * i}; }
     OwnsOne<T> get(ZelSize i) const { return {ownsGet(p + 2 * i), ownsGet(p + 2 * i + 1)}; }
-    OwnsPairs<T> load(ZelSize i) const { return {ownsLoad(p + 2 * i)}; }
+    void load(ZelSize i, OwnsPairs<T>& x) const { x = {ownsLoad(p + 2 * i)}; }
     void prefetch(ZelSize i) const { _mm_prefetch(reinterpret_cast<const char*>(p + 2 * i), _MM_HINT_T0); }
 };
 
 /// Source in two arrays.
 template <class T>
 struct OwnsSplitSource {
+    using Values = OwnsSplit<T>;
     /// A step of the first pass takes half a line of each array.
     static constexpr bool halfLines = true;
     const T* re;
@@ -42,14 +44,15 @@ struct OwnsSplitSource {
 
     OwnsSplitSource from(ZelSize i) const { return {re + i, im + i}; }
     OwnsOne<T> get(ZelSize i) const { return {ownsGet(re + i), ownsGet(im + i)}; }
-    OwnsPairs<T> load(ZelSize i) const
+    void load(ZelSize i, OwnsSplit<T>& x) const { x = {ownsLoad(re + i), ownsLoad(im + i)}; }
+    void load(ZelSize i, OwnsPairs<T>& x) const
     {
         if constexpr (sizeof(T) == 4) {
             const __m128i low = _mm_loadl_epi64(reinterpret_cast<const __m128i*>(re + i));
             const __m128i high = _mm_loadl_epi64(reinterpret_cast<const __m128i*>(im + i));
-            return {ownsZipLow(ownsAs<T>(low), ownsAs<T>(high))};
+            x = {ownsZipLow(ownsAs<T>(low), ownsAs<T>(high))};
         } else {
-            return {OwnsVec<T>{ownsGet(re + i), ownsGet(im + i)}};
+            x = {OwnsVec<T>{ownsGet(re + i), ownsGet(im + i)}};
         }
     }
 };

@@ -144,8 +144,8 @@ inline OwnsSplit<Zel64f> ownsUnzipped(OwnsVec<Zel64f> a, OwnsVec<Zel64f> b)
     return {_mm_unpacklo_pd(a, b), _mm_unpackhi_pd(a, b)};
 }
 
-/// A matrix of pairs turned: `row` holds as many vectors as OwnsSplit has values; `column[c]` receives the
-/// c-th value of each, one after the other.
+/// A matrix turned: `row` holds as many vectors as OwnsSplit has values; `column[c]` receives the c-th value of
+/// each, one after the other.
 inline void ownsTurned(const OwnsPairs<Zel32f>* row, OwnsSplit<Zel32f>* column)
 {
     const __m128 low01 = _mm_unpacklo_ps(row[0].v, row[1].v);
@@ -158,4 +158,17 @@ inline void ownsTurned(const OwnsPairs<Zel32f>* row, OwnsSplit<Zel32f>* column)
 inline void ownsTurned(const OwnsPairs<Zel64f>* row, OwnsSplit<Zel64f>* column)
 {
     column[0] = ownsUnzipped(row[0].v, row[1].v);
+}
+inline void ownsTurned(const OwnsSplit<Zel32f>* row, OwnsSplit<Zel32f>* column)
+{
+    __m128 re[4] = {row[0].re, row[1].re, row[2].re, row[3].re};
+    __m128 im[4] = {row[0].im, row[1].im, row[2].im, row[3].im};
+    _MM_TRANSPOSE4_PS(re[0], re[1], re[2], re[3]);
+    _MM_TRANSPOSE4_PS(im[0], im[1], im[2], im[3]);
+    ownsEach<4>([&](auto c) OWNS_INLINE { column[c] = {re[c], im[c]}; });
+}
+inline void ownsTurned(const OwnsSplit<Zel64f>* row, OwnsSplit<Zel64f>* column)
+{
+    column[0] = {ownsZipLow(row[0].re, row[1].re), ownsZipLow(row[0].im, row[1].im)};
+    column[1] = {ownsZipHigh(row[0].re, row[1].re), ownsZipHigh(row[0].im, row[1].im)};
 }

@@ -36,7 +36,8 @@ void ownsFftMiddle(Work work, int done, int order, ZelSize count, const T* pTwid
 
 /// The last pass, of the 2^radixOrder parts that the whole array is by then.
 template <int radixOrder, class T, class Sink>
-void ownsLastPass(OwnsBlocks<T> work, Sink sink, ZelSize length, const T* pTwiddles)
+[[gnu::always_inline]] inline void ownsLastPass(OwnsBlocks<T> work, Sink sink, ZelSize length,
+                                                const T* pTwiddles)
 {
     const OwnsTableTwiddles<T, radixOrder> twiddles{pTwiddles};
     const ZelSize part = (length >> radixOrder) / ownsLanes<T>;
@@ -47,10 +48,31 @@ void ownsLastPass(OwnsBlocks<T> work, Sink sink, ZelSize length, const T* pTwidd
         ownsPass<radixOrder>(work, part, sink, part, twiddles, part);
 }
 
+/// The last pass to two long arrays. Eight rows of work and sixteen of the destination begin on the same lines of the
+/// first-level cache, more than it has ways: so a stretch of all rows is finished aside and then copied row by row.
+template <int radixOrder, class T, class Sink>
+[[gnu::always_inline]] inline void ownsLastPassAside(OwnsBlocks<T> work, Sink sink, ZelSize length,
+                                                     const T* pTwiddles)
+{
+    using Stretch = std::integral_constant<ZelSize, 16>; // groups
+    alignas(64) T stretch[OwnsBlocks<T>::step * Stretch() << radixOrder];
+    const OwnsBlocks<T> aside{stretch};
+    const ZelSize part = (length >> radixOrder) / ownsLanes<T>;
+    for (ZelSize first = 0; first < part; first += Stretch()) {
+        const OwnsTableTwiddles<T, radixOrder> twiddles{pTwiddles +
+                                                        first * OwnsTableTwiddles<T, radixOrder>::perGroup};
+        ownsPass<radixOrder>(work.from(first), part, aside, Stretch(), twiddles, Stretch());
+        for (ZelSize row = 0; row < 1 << radixOrder; row++)
+            for (ZelSize g = 0; g < Stretch(); g++)
+                sink.store(row * part + first + g, aside.load(row * Stretch() + g));
+    }
+}
+
 /// A transform of order 6 and more from `src` to `sink` by way of the working array, which may be the memory of
 /// the sink.
 template <bool inverse, class T, class Source, class Sink>
-void ownsFftRun(Source src, Sink sink, OwnsBlocks<T> work, const OwnsFftPlan<T>& plan, int order)
+[[gnu::always_inline]] inline void ownsFftRun(Source src, Sink sink, OwnsBlocks<T> work,
+                                              const OwnsFftPlan<T>& plan, int order)
 {
     const ZelSize length = ZelSize{1} << order;
     const ZelSize steps = length / (ZelSize{8} * ownsFftLine<T>);
@@ -63,13 +85,9 @@ void ownsFftRun(Source src, Sink sink, OwnsBlocks<T> work, const OwnsFftPlan<T>&
     const int last = OwnsFftPasses::radixOrderBefore(order, order);
     ownsFftMiddle(work, first, order - last, ZelSize{1} << last, plan.twiddles, order);
     const T* pTwiddles = plan.twiddles + OwnsFftPasses::offset(order, order - last);
-    if (Sink::split && length * static_cast<ZelSize>(sizeof(T)) >= ZelSize{8} * 4096) {
-        // Sixteen rows of two destinations would fall on the same lines of the first-level cache.
-        ownsFftMiddle(work, order - last, order, 1, plan.twiddles, order);
-        for (ZelSize g = 0; g < length / ownsLanes<T>; g++)
-            sink.store(g, work.load(g));
-        return;
-    }
+    // Orders that long end with radix 8.
+    if (Sink::split && length * static_cast<ZelSize>(sizeof(T)) >= ZelSize{8} * 4096)
+        return ownsLastPassAside<3>(work, sink, length, pTwiddles);
     if (last == 4)
         ownsLastPass<4>(work, sink, length, pTwiddles);
     else

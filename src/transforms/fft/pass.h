@@ -85,16 +85,16 @@ inline void ownsMiddlePass(Work work, ZelSize quarter, ZelSize blocks, const T* 
         ownsPassOverBlocks(work, quarter, blocks, twiddles);
 }
 
-/// The butterflies of a first pass over 8 rows of pairs: one of 8 or two of 4, without twiddles. Each value
-/// of a pair belongs to a column of its own; store(v, b, x) receives group b of the 8 results of column v.
-/// The inverse transform goes on with real and imaginary parts exchanged, which makes it a forward one.
-template <int radixOrder, bool inverse, class T, class Store>
-[[gnu::always_inline]] inline void ownsFirstButterflies(OwnsPairs<T> (&x)[8 >> radixOrder][1 << radixOrder],
+/// The butterflies of a first pass over 8 rows: one of 8 or two of 4, without twiddles. Each value of a vector
+/// belongs to a column of its own; store(v, b, x) receives group b of the 8 results of column v. The inverse
+/// transform goes on with real and imaginary parts exchanged, which makes it a forward one.
+template <int radixOrder, bool inverse, class T, template <class> class X, class Store>
+[[gnu::always_inline]] inline void ownsFirstButterflies(X<T> (&x)[8 >> radixOrder][1 << radixOrder],
                                                         Store store)
 {
     constexpr int radix = 1 << radixOrder;
-    constexpr int values = OwnsPairs<T>::values;
-    OwnsPairs<T> y[8];
+    constexpr int values = X<T>::values;
+    X<T> y[8];
     ownsEach<8 / radix>([&](auto b) OWNS_INLINE {
         ownsButterfly(x[b]);
         ownsEach<radix>([&](auto k) OWNS_INLINE { y[b * radix + k] = x[b][ownsOutput<inverse>(k, radix)]; });
@@ -117,7 +117,8 @@ inline void ownsFirstPass(Source src, ZelSize rowStride, const Zel32s* pIndex, Z
                           OwnsBlocks<T> work, ZelSize leafGroups)
 {
     constexpr int radix = 1 << radixOrder;
-    constexpr int values = OwnsPairs<T>::values;
+    using Values = typename Source::Values;
+    constexpr int values = Values::values;
     for (ZelSize n = 0; n < steps; n++) {
         // The step that takes the other half of the same lines is half of all steps away.
         const ZelSize i = Source::halfLines ? n % 2 * (steps / 2) + n / 2 : n;
@@ -128,9 +129,9 @@ inline void ownsFirstPass(Source src, ZelSize rowStride, const Zel32s* pIndex, Z
         }
         ownsEach<ownsFftLine<T> / values>([&](auto pair) OWNS_INLINE {
             const ZelSize at = pIndex[i] + pair * values;
-            OwnsPairs<T> x[8 / radix][radix];
+            Values x[8 / radix][radix];
             ownsEach<8>([&](auto d) OWNS_INLINE {
-                x[d / radix][d % radix] = src.load(at + ownsReversed(d, 3) * rowStride);
+                src.load(at + ownsReversed(d, 3) * rowStride, x[d / radix][d % radix]);
             });
             ownsFirstButterflies<radixOrder, inverse, T>(
                 x, [&](auto v, auto b, OwnsSplit<T> group) OWNS_INLINE {
@@ -150,14 +151,16 @@ inline void ownsFirstPassInOrder(Source src, Work work, ZelSize blocks)
     for (ZelSize i = 0; i < blocks; i += values) {
         OwnsPairs<T> x[8 / radix][radix];
         if constexpr (values == 1) {
-            ownsEach<8>([&](auto d) OWNS_INLINE { x[d / radix][d % radix] = src.load(8 * i + d); });
+            ownsEach<8>([&](auto d) OWNS_INLINE { src.load(8 * i + d, x[d / radix][d % radix]); });
         } else {
             ownsEach<4>([&](auto k) OWNS_INLINE {
                 constexpr int d = 2 * k;
-                const __m128 a = src.load(8 * i + d).v;
-                const __m128 b = src.load(8 * (i + 1) + d).v;
-                x[d / radix][d % radix].v = _mm_movelh_ps(a, b);
-                x[d / radix][d % radix + 1].v = _mm_movehl_ps(b, a);
+                OwnsPairs<T> a;
+                OwnsPairs<T> b;
+                src.load(8 * i + d, a);
+                src.load(8 * (i + 1) + d, b);
+                x[d / radix][d % radix].v = _mm_movelh_ps(a.v, b.v);
+                x[d / radix][d % radix + 1].v = _mm_movehl_ps(b.v, a.v);
             });
         }
         ownsFirstButterflies<radixOrder, inverse, T>(x, [&](auto v, auto b, OwnsSplit<T> group) OWNS_INLINE {

@@ -91,20 +91,28 @@ inline OwnsVec<T> ownsNextValues(OwnsVec<T> a, OwnsVec<T> b)
     return ownsAs<T>(_mm_alignr_epi8(ownsInt(b), ownsInt(a), sizeof(T)));
 }
 
-/// The forward transform whose half is two groups. They stay in registers: in memory the recombination would read
-/// across the places where they were just written, and wait for both.
-template <int order, bool scaled, class T>
-[[gnu::always_inline]] inline void ownsRealStraightTwoGroups(const T* pSrc, T* pDst, T scale)
+/// The forward transform of 16 values in 32f, whose half is two groups. They stay in registers: in memory the
+/// recombination would read across the places where they were just written, and wait for both. The results are
+/// written in whole aligned pieces for the sake of who reads them next.
+template <bool scaled>
+[[gnu::always_inline]] inline void ownsRealStraightSixteen(const Zel32f* pSrc, Zel32f* pDst, Zel32f scale)
 {
+    using T = Zel32f;
+    constexpr int order = 4;
     OwnsSplit<T> z[2];
     ownsStraightMatrix<order - 1, false, T>(OwnsPairSource<T>{pSrc}, OwnsGroupSink<T, scaled>{z, scale});
     const OwnsSplit<T> a{ownsNextValues<T>(z[0].re, z[1].re), ownsNextValues<T>(z[0].im, z[1].im)};
     const OwnsSplit<T> b = ownsConj(OwnsSplit<T>{ownsBackwards(z[1].re), ownsBackwards(z[1].im)});
     const OwnsSplit<T> turned = OwnsRecombConstants<T, order, false>::factor(0) * (a - b);
-    ownsStoreGroup(pDst + 2, b + turned);
-    ownsStoreReversed(pDst + 2 * ownsLanes<T>, ownsConj(a - turned));
-    ownsPut(pDst, z[0].re[0] + z[0].im[0]);
-    ownsPut(pDst + 1, z[0].re[0] - z[0].im[0]);
+    const OwnsSplit<T> low = b + turned;
+    const __m128 first = ownsZipLow(low.re, low.im); // bins 1 and 2
+    const __m128 second = ownsZipHigh(low.re, low.im);
+    const __m128 ends =
+        _mm_add_ps(_mm_shuffle_ps(z[0].re, z[0].re, 0),
+                   _mm_xor_ps(_mm_shuffle_ps(z[0].im, z[0].im, 0), _mm_setr_ps(0, -0.0f, 0, 0)));
+    ownsStore(pDst, _mm_movelh_ps(ends, first));
+    ownsStore(pDst + 4, _mm_shuffle_ps(first, second, 0x4E));
+    ownsStoreReversed(pDst + 8, ownsConj(a - turned));
 }
 
 /// A real transform of a short order, forward into the Perm layout or inverse from it.
@@ -120,8 +128,8 @@ template <int order, bool inverse, bool scaled, class T>
         ownsPut(pDst + 1, scaled ? (a - b) * scale : a - b);
     } else {
         alignas(16) T half[1 << order];
-        if constexpr (!inverse && order > 3 && (1 << order) == 4 * ownsLanes<T>) {
-            ownsRealStraightTwoGroups<order, scaled>(pSrc, pDst, scale);
+        if constexpr (!inverse && order == 4 && sizeof(T) == 4) {
+            ownsRealStraightSixteen<scaled>(pSrc, pDst, scale);
         } else if constexpr (inverse) {
             ownsRecombineStraight<true, order>(pSrc, half);
             ownsStraight<true, T>(order - 1, OwnsPairSource<T>{half},

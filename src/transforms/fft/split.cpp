@@ -9,9 +9,12 @@
 
 namespace {
 
+// Pointers one by one, which stay in registers: a record of three goes through memory, and is waited for.
 template <bool scaled, class T>
-void run(OwnsSplitSource<T> src, OwnsSplitSink<T, scaled> sink, const OwnsFftPlan<T>& plan, Zel8u* pBuffer)
+void run(const T* pSrcRe, const T* pSrcIm, T* pDstRe, T* pDstIm, const OwnsFftPlan<T>& plan, Zel8u* pBuffer)
 {
+    const OwnsSplitSource<T> src{pSrcRe, pSrcIm};
+    const OwnsSplitSink<T, scaled> sink{pDstRe, pDstIm, plan.scale};
     if (plan.order <= ownsFftStraight)
         return ownsStraight<false, T>(plan.order, src, sink);
     Zel8u* const pWork = ownsRounded64(pBuffer);
@@ -27,13 +30,11 @@ ZelStatus checked(const T* pSrcRe, const T* pSrcIm, T* pDstRe, T* pDstIm, const 
     if (const ZelStatus status = ownsFftCheck(pPlan, tag, pBuffer, pSrcRe, pSrcIm, pDstRe, pDstIm);
         status != zelStatusOk)
         return status;
-    const OwnsSplitSource<T> src{inverse ? pSrcIm : pSrcRe, inverse ? pSrcRe : pSrcIm};
-    T* const pRe = inverse ? pDstIm : pDstRe;
-    T* const pIm = inverse ? pDstRe : pDstIm;
-    if (ownsFftScales<inverse>(*pPlan))
-        run(src, OwnsSplitSink<T, true>{pRe, pIm, pPlan->scale}, *pPlan, pBuffer);
+    const auto transform = ownsFftScales<inverse>(*pPlan) ? run<true, T> : run<false, T>;
+    if (inverse)
+        transform(pSrcIm, pSrcRe, pDstIm, pDstRe, *pPlan, pBuffer);
     else
-        run(src, OwnsSplitSink<T, false>{pRe, pIm, pPlan->scale}, *pPlan, pBuffer);
+        transform(pSrcRe, pSrcIm, pDstRe, pDstIm, *pPlan, pBuffer);
     return zelStatusOk;
 }
 

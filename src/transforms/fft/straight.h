@@ -35,15 +35,17 @@ template <int order, bool inverse, class T, class Source, class Sink>
 [[gnu::always_inline]] inline void ownsStraightMatrix(Source src, Sink sink)
 {
     constexpr int columns = 1 << (order - 2);
-    constexpr int values = OwnsPairs<T>::values;
+    using Natural = typename Source::Values;
+    using Values = std::conditional_t<Natural::values <= columns, Natural, OwnsPairs<T>>;
+    constexpr int values = Values::values;
     constexpr int groups = 4 / ownsLanes<T>;
     OwnsSplit<T> work[groups][columns];
     ownsEach<columns / values>([&](auto pair) OWNS_INLINE {
-        OwnsPairs<T> x[4];
+        Values x[4];
         ownsEach<4>([&](auto d)
-                        OWNS_INLINE { x[d] = src.load(ownsReversed(d, 2) * columns + pair * values); });
+                        OWNS_INLINE { src.load(ownsReversed(d, 2) * columns + pair * values, x[d]); });
         ownsButterfly(x);
-        OwnsPairs<T> y[4];
+        Values y[4];
         ownsEach<4>([&](auto k) OWNS_INLINE { y[k] = x[ownsOutput<inverse>(k, 4)]; });
         ownsEach<groups>([&](auto g) OWNS_INLINE {
             OwnsSplit<T> turned[values];
@@ -70,8 +72,10 @@ template <bool inverse, class T, class Source, class Sink>
 [[gnu::always_inline]] inline void ownsStraightFour(Source src, Sink sink)
 {
     if constexpr (sizeof(T) == 4) {
-        const OwnsPairs<T> a = src.load(0);
-        const OwnsPairs<T> b = src.load(2);
+        OwnsPairs<T> a;
+        OwnsPairs<T> b;
+        src.load(0, a);
+        src.load(2, b);
         const __m128 sum = (a + b).v;
         const __m128 diff = (a - b).v;
         // The second of the odd values turns by a quarter: forward (im, -re), inverse (-im, re).
@@ -82,18 +86,19 @@ template <bool inverse, class T, class Source, class Sink>
         sink.storePairs(0, even + odd);
         sink.storePairs(2, even - odd);
     } else {
-        OwnsPairs<T> x[4] = {src.load(0), src.load(2), src.load(1), src.load(3)};
+        OwnsPairs<T> x[4];
+        ownsEach<4>([&](auto d) OWNS_INLINE { src.load(ownsReversed(d, 2), x[d]); });
         ownsButterfly(x);
         ownsEach<4>([&](auto k) OWNS_INLINE { sink.storePairs(k, x[ownsOutput<inverse>(k, 4)]); });
     }
 }
 
-/// Orders 3 and 4 by pairs, where a vector is one value and nothing needs to be turned.
+/// Orders 3 and 4 by pairs, for sources where a vector is one value and nothing needs to be turned.
 template <bool inverse, class T, class Source, class Sink>
 [[gnu::always_inline]] inline void ownsStraightEight(Source src, Sink sink)
 {
     OwnsPairs<T> x[8];
-    ownsEach<8>([&](auto d) OWNS_INLINE { x[d] = src.load(ownsReversed(d, 3)); });
+    ownsEach<8>([&](auto d) OWNS_INLINE { src.load(ownsReversed(d, 3), x[d]); });
     ownsButterfly(x);
     ownsEach<8>([&](auto k) OWNS_INLINE { sink.storePairs(k, x[ownsOutput<inverse>(k, 8)]); });
 }
@@ -102,7 +107,7 @@ template <bool inverse, class T, class Source, class Sink>
 {
     OwnsPairs<T> x[4][4];
     ownsEach<4>([&](auto a) OWNS_INLINE {
-        ownsEach<4>([&](auto d) OWNS_INLINE { x[a][d] = src.load(ownsReversed(4 * a + d, 4)); });
+        ownsEach<4>([&](auto d) OWNS_INLINE { src.load(ownsReversed(4 * a + d, 4), x[a][d]); });
         ownsButterfly(x[a]);
     });
     ownsEach<4>([&](auto k) OWNS_INLINE {
@@ -110,6 +115,29 @@ template <bool inverse, class T, class Source, class Sink>
         ownsEach<4>([&](auto a)
                         OWNS_INLINE { sink.storePairs(ownsOutput<inverse>(4 * a + k, 16), x[a][k]); });
     });
+}
+
+/// Order 3 from two arrays in 32f: sums and differences of the halves of the source, the differences turned, are two
+/// transforms of 4, whose values lie in turn from there on, as their results do in the end.
+template <class Source, class Sink>
+[[gnu::always_inline]] inline void ownsStraightEightSplit(Source src, Sink sink)
+{
+    using X = OwnsSplit<Zel32f>;
+    X a;
+    X b;
+    src.load(0, a);
+    src.load(4, b);
+    const X even = a + b;
+    const X odd = (a - b) * OwnsFourTwiddles<Zel32f, 3, 1, false>::group(0);
+    const X first{ownsZipLow(even.re, odd.re), ownsZipLow(even.im, odd.im)};
+    const X second{ownsZipHigh(even.re, odd.re), ownsZipHigh(even.im, odd.im)};
+    const X sum = first + second;
+    const X diff = first - second;
+    const X low{_mm_movelh_ps(sum.re, diff.re), _mm_movelh_ps(sum.im, diff.im)};
+    const __m128 turned = _mm_xor_ps(_mm_movehl_ps(diff.re, sum.im), _mm_setr_ps(0.0f, 0.0f, -0.0f, -0.0f));
+    const X high{_mm_movehl_ps(diff.im, sum.re), turned};
+    sink.store(0, low + high);
+    sink.store(1, low - high);
 }
 
 /// The kernel of an order, as a choice at run time.
@@ -131,13 +159,15 @@ template <bool inverse, class T, class Source, class Sink>
         ownsStraightFour<inverse, T>(src, sink);
         break;
     case 3:
-        if constexpr (OwnsPairs<T>::values == 1)
+        if constexpr (Source::Values::values == 1)
             ownsStraightEight<inverse, T>(src, sink);
+        else if constexpr (std::is_same_v<typename Source::Values, OwnsSplit<Zel32f>>)
+            ownsStraightEightSplit(src, sink);
         else
             ownsStraightMatrix<3, inverse, T>(src, sink);
         break;
     case 4:
-        if constexpr (OwnsPairs<T>::values == 1)
+        if constexpr (Source::Values::values == 1)
             ownsStraightSixteen<inverse, T>(src, sink);
         else
             ownsStraightMatrix<4, inverse, T>(src, sink);
