@@ -18,4 +18,6 @@
 
 #include "zels/transforms.h" /* IWYU pragma: export */
 
+#include "zels/filters.h" /* IWYU pragma: export */
+
 #endif

@@ -24,7 +24,7 @@ ZelStatus build(Plan** ppPlan, int order, int flag, ZelHintAlgorithm hint, Zel32
         return zelErrNullPtr;
     if (layout.tables()) {
         const OwnsSines<T> sines = ownsFftSineTable<T>(order, ownsRounded64(pInitMem));
-        OwnsFftCarver carver(ownsFftTables(pPlan));
+        OwnsCarver carver(ownsFftTables(pPlan));
         ownsFftBuildComplex(*pPlan, order, layout, sines, carver);
     }
     *ppPlan = static_cast<Plan*>(pPlan);

@@ -8,24 +8,8 @@
 // The operations have the same names for both, so that a butterfly is written once.
 #pragma once
 
+#include "frame/each.h"
 #include "frame/vec.h"
-
-#include <utility>
-
-/// Marks a lambda, where the attribute of the standard's form has no place in C++20. Arrays that it indexes by
-/// constants stay in registers only if it is inlined.
-#define OWNS_INLINE __attribute__((always_inline))
-
-/// Calls body with the constants 0 to n-1, so that arrays indexed by them stay in registers.
-template <int n, class Body>
-[[gnu::always_inline]] inline void ownsEach(Body body)
-{
-    [&]<int... k>(std::integer_sequence<int, k...>) OWNS_INLINE
-    {
-        (body(std::integral_constant<int, k>{}), ...);
-    }
-    (std::make_integer_sequence<int, n>{});
-}
 
 /// The low `bits` bits of `value` in reverse.
 constexpr int ownsReversed(int value, int bits)

@@ -2,15 +2,10 @@
 #pragma once
 
 #include "frame/bulk.h"
+#include "frame/carve.h"
 #include "transforms/fft/tables.h"
 
 #include <cmath>
-
-/// An address rounded up to 64 bytes.
-inline Zel8u* ownsRounded64(Zel8u* p)
-{
-    return p + (-reinterpret_cast<std::uintptr_t>(p) & 63);
-}
 
 inline bool ownsFftFlagGood(int flag)
 {
@@ -38,23 +33,6 @@ ZelStatus ownsFftGetSize(int order, int flag, int highest, LayoutOf layoutOf, in
     *pWorkSize = static_cast<int>(layout.workSize());
     return zelStatusOk;
 }
-
-/// Takes the parts of a plan from its memory, one after the other.
-class OwnsFftCarver {
-  public:
-    explicit OwnsFftCarver(void* pFirst) : p(static_cast<Zel8u*>(pFirst)) {}
-
-    template <class E>
-    E* take(ZelSize bytes)
-    {
-        auto* part = reinterpret_cast<E*>(p);
-        p += bytes;
-        return part;
-    }
-
-  private:
-    Zel8u* p;
-};
 
 /// Opens a plan: the tests up to that of the flag and the fields that need no tables. `pPlan` receives the
 /// record.
@@ -88,7 +66,7 @@ ZelStatus ownsFftOpen(const void* ppPlan, int order, int highest, int flag, ZelH
 /// The part of a plan that serves a complex transform of this order, which is that of the plan or one less.
 template <class T>
 void ownsFftBuildComplex(OwnsFftPlan<T>& plan, int order, const OwnsFftLayout& layout, OwnsSines<T> sines,
-                         OwnsFftCarver& carver)
+                         OwnsCarver& carver)
 {
     if (layout.twiddles == 0)
         return;

@@ -7,6 +7,7 @@
 // queries add them up and Init places the parts by them.
 #pragma once
 
+#include "frame/carve.h"
 #include "frame/vec.h"
 #include "zels/transforms.h"
 
@@ -136,16 +137,11 @@ struct OwnsFftLayout {
     constexpr ZelSize workSize() const { return work != 0 ? work + 64 : 0; }
 };
 
-constexpr ZelSize ownsFftRounded64(ZelSize bytes)
-{
-    return (bytes + 63) & -64;
-}
-
 /// Bytes of a sine table: a quarter wave of 2^order/4 + 1 values.
 template <class T>
 constexpr ZelSize ownsFftSineBytes(int order)
 {
-    return ownsFftRounded64(((ZelSize{1} << order) / 4 + 1) * static_cast<ZelSize>(sizeof(T)));
+    return ownsRounded64(((ZelSize{1} << order) / 4 + 1) * static_cast<ZelSize>(sizeof(T)));
 }
 
 namespace owns_detail {
@@ -158,9 +154,7 @@ constexpr void layOutComplex(OwnsFftLayout& layout, int order)
     constexpr ZelSize bytes = 2 * sizeof(T);
     const auto indexTable = [](int n) { return ownsFftSineBytes<Zel32f>(n); };
     // The pad behind the twiddles is part of the size: 8 bytes in both precisions, on top of rounding up.
-    const auto twiddleTable = [](int n) {
-        return ownsFftRounded64((bytes << n) + (sizeof(T) == 8 ? 16 : 8));
-    };
+    const auto twiddleTable = [](int n) { return ownsRounded64((bytes << n) + (sizeof(T) == 8 ? 16 : 8)); };
 
     if (order <= ownsFftStraight)
         return;
@@ -228,5 +222,5 @@ constexpr OwnsFftLayout ownsFftLayoutReal(int order)
 template <class T>
 inline Zel8u* ownsFftTables(OwnsFftPlan<T>* pPlan)
 {
-    return reinterpret_cast<Zel8u*>(pPlan) + ownsFftRounded64(sizeof(OwnsFftPlan<T>));
+    return reinterpret_cast<Zel8u*>(pPlan) + ownsRounded64(sizeof(OwnsFftPlan<T>));
 }
