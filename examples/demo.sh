@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Mixes, measures and draws recordings of spoken words, and tells where the results lie.
+# Mixes, measures, draws and filters recordings of spoken words, and tells where the results lie.
 #
 #   examples/demo.sh BUILD_DIR [OUT_DIR]
 #
@@ -15,7 +15,7 @@ programs=$1/examples
 out=${2:-demo}
 sounds=${ZELS_DEMO_SOUNDS:-/usr/share/sounds/alsa}
 
-for program in zels-mix zels-stat zels-spectrogram; do
+for program in zels-mix zels-stat zels-spectrogram zels-filter; do
     if [[ ! -x $programs/$program ]]; then
         echo "$0: $programs/$program is not built: cmake --build $1 --target zels-examples" >&2
         exit 1
@@ -40,6 +40,10 @@ echo "== Their levels"
 echo
 echo "== What sounds when"
 "$programs/zels-spectrogram" -o "$out/spectrogram.png" --top 12000 "$sounds/Front_Center.wav"
+echo
+echo "== A voice as a telephone would have it"
+"$programs/zels-filter" "$sounds/Front_Center.wav" "$out/telephone.wav" --bandpass 300 3400 \
+    --plot "$out/telephone.png"
 echo
 echo "The results lie in $out:"
 ls -1 "$out"

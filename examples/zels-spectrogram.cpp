@@ -7,7 +7,6 @@
 #include <cmath>
 #include <cstdio>
 #include <getopt.h>
-#include <numbers>
 #include <optional>
 #include <string>
 #include <vector>
@@ -19,6 +18,7 @@
 #include "support/progress.h"
 #include "support/recording.h"
 #include "support/samples.h"
+#include "support/spectrum.h"
 #include "zels.h"
 
 using namespace support;
@@ -87,53 +87,6 @@ std::optional<Request> readCommandLine(int argc, char** argv)
         throw Failure("give one recording; try zels-spectrogram --help");
     request.path = argv[optind];
     return request;
-}
-
-/// The power spectrum of a windowed stretch of samples.
-class Spectrum {
-  public:
-    explicit Spectrum(int order);
-
-    int size() const { return size_; }
-    int bins() const { return size_ / 2 + 1; }
-    /// Adds the power of `samples` to `power`, one value a bin, a full-scale sine being 1.
-    void add(const Zel32f* samples, float* power);
-
-  private:
-    int size_;
-    Samples<Zel32f> window_, work_, spectrum_;
-    Samples<Zel8u> planMemory_, buffer_;
-    ZelsFftPlan_R_32f* plan_ = nullptr;
-};
-
-Spectrum::Spectrum(int order)
-    : size_(1 << order), window_(samples32f(size_)), work_(samples32f(size_)), spectrum_(samples32f(size_))
-{
-    // Three buffers: the plan, which is kept; scratch for making it; scratch for each transform.
-    int planSize = 0, initSize = 0, bufferSize = 0;
-    ok(zelsFFTGetSize_R_32f(order, zelFftScaleNone, zelHintNone, &planSize, &initSize, &bufferSize));
-    planMemory_ = samples8u(planSize);
-    buffer_ = samples8u(std::max(bufferSize, 1));
-    const Samples<Zel8u> scratch = samples8u(std::max(initSize, 1));
-    ok(zelsFFTInit_R_32f(&plan_, order, zelFftScaleNone, zelHintNone, planMemory_.get(), scratch.get()));
-
-    // The Hann window, scaled so that a full-scale sine in the middle of a bin gives the power 1.
-    for (int i = 0; i < size_; i++)
-        window_[static_cast<size_t>(i)] =
-            static_cast<float>((1 - std::cos(2 * std::numbers::pi * i / size_)) * 2 / size_ / fullScale);
-}
-
-void Spectrum::add(const Zel32f* samples, float* power)
-{
-    ok(zelsMul_32f(samples, window_.get(), work_.get(), size_));
-    ok(zelsFFTFwd_RToPerm_32f(work_.get(), spectrum_.get(), plan_, buffer_.get()));
-    // Perm: the lowest and the highest bin, purely real, share the place of the first complex number; they hold the
-    // whole of their frequency, the others half of it.
-    const float lowest = spectrum_[0] / 2, highest = spectrum_[1] / 2;
-    ok(zelsPowerSpectr_32fc(reinterpret_cast<const Zel32fc*>(spectrum_.get()), work_.get(), size_ / 2));
-    ok(zelsAdd_32f_I(work_.get() + 1, power + 1, size_ / 2 - 1));
-    power[0] += lowest * lowest;
-    power[size_ / 2] += highest * highest;
 }
 
 /// The powers on the pixels of the picture, column by column from the left, each from the lowest frequency up.
@@ -349,7 +302,7 @@ int run(int argc, char** argv)
         request.order > 0
             ? request.order
             : std::clamp(static_cast<int>(std::lround(std::log2(recording.rate() * 0.04))), 6, 16);
-    Spectrum spectrum(order);
+    Spectrum spectrum(order, fullScale);
     const Spectrogram spectrogram = analyse(recording, spectrum, request.top > 0 ? request.top : half);
     Picture picture = draw(recording, spectrogram, spectrum.size(), request.range);
     picture.save(output);

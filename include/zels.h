@@ -20,4 +20,6 @@
 
 #include "zels/filters.h" /* IWYU pragma: export */
 
+#include "zels/generators.h" /* IWYU pragma: export */
+
 #endif

@@ -1,5 +1,5 @@
 /** @file
- *  Filters: single-rate FIR.
+ *  Filters: single-rate FIR, FIR design.
  */
 #ifndef ZELS_FILTERS_H
 #define ZELS_FILTERS_H
@@ -142,6 +142,75 @@ ZELS_API ZelStatus zelsFIRSR_16s(const Zel16s* pSrc, Zel16s* pDst, int numIters,
                                  const Zel16s* pDlySrc, Zel16s* pDlyDst, Zel8u* pBuf);
 ZELS_API ZelStatus zelsFIRSR_16sc(const Zel16sc* pSrc, Zel16sc* pDst, int numIters, ZelsFirSrState* pSpec,
                                   const Zel16sc* pDlySrc, Zel16sc* pDlyDst, Zel8u* pBuf);
+/** @} */
+
+/** @} */
+
+/** @defgroup firgen FIR design
+ *  Taps of linear-phase filters by the window method: the ideal response, cut off after n taps and multiplied by a window.
+ * Frequencies are relative to the sampling rate, above 0 and below 0.5.
+ *
+ *      int bufferSize;
+ *      zelsFIRGenGetBufferSize(n, &bufferSize);
+ *      ...
+ *      zelsFIRGenLowpass_64f(0.1, pTaps, n, zelWinHamming, 1, pBuffer);
+ *
+ *  The delay is (n - 1) / 2 samples. With t the distance of a tap from the middle,
+ *
+ *  | Filter | tap at t | tap in the middle of an odd n |
+ *  |---|---|---|
+ *  | low-pass | `sin(2 pi f t) / (pi t)` | `2 f` |
+ *  | high-pass, odd n | `-sin(2 pi f t) / (pi t)` | `1 - 2 f` |
+ *  | high-pass, even n | `cos(2 pi f t) / (pi t)`, antisymmetric | |
+ *  | band-pass | `(sin(2 pi h t) - sin(2 pi l t)) / (pi t)` | `2 (h - l)` |
+ *  | band-stop | `(sin(pi t) - sin(2 pi h t) + sin(2 pi l t)) / (pi t)` | `1 - 2 (h - l)` |
+ *
+ *  A filter of even n that is symmetric has no gain at half the sampling rate; the high-pass of even n is antisymmetric
+ * instead and turns phases by a quarter circle. A band-stop that is to pass the highest frequencies wants an odd n.
+ *
+ *  Window method after A. V. Oppenheim and R. W. Schafer, "Discrete-Time Signal Processing" (1989), chapter 7.
+ *  @{
+ */
+
+/** Window of a design; any other value stands for none. */
+typedef int ZelWinType;
+enum {
+    zelWinBartlett = 0,    /**< zelsWinBartlett_64f_I() */
+    zelWinBlackmanOpt = 1, /**< zelsWinBlackmanOpt_64f_I() */
+    zelWinHamming = 2,     /**< zelsWinHamming_64f_I() */
+    zelWinHann = 3         /**< zelsWinHann_64f_I() */
+};
+
+/** The bytes of the work buffer of a design.
+ *  @param tapsLen number of taps, 5 or more
+ *  @param pBufferSize receives the bytes
+ *  @return #zelErrNullPtr for a null pointer, else #zelErrSize for a number of taps below 5, else #zelStatusOk
+ */
+ZELS_API ZelStatus zelsFIRGenGetBufferSize(int tapsLen, int* pBufferSize);
+
+/** @name FIRGen
+ *  With `doNormal` the taps are divided by the gain of the filter at frequency 0 (low-pass, band-stop), at half the
+ * sampling rate (high-pass; by its magnitude), or in the middle of the pass band (band-pass).
+ *  @param rFreq edge of the band
+ *  @param rLowFreq lower edge of the band, l
+ *  @param rHighFreq upper edge of the band, h, above the lower one
+ *  @param pTaps receives the taps
+ *  @param tapsLen number of taps, n, 5 or more
+ *  @param winType window
+ *  @param doNormal whether the gain is to be 1
+ *  @param pBuffer work buffer
+ *  @return #zelErrNullPtr for a null pointer, else #zelErrSize for a number of taps below 5 or an edge outside its range,
+ * else #zelStatusOk
+ *  @{
+ */
+ZELS_API ZelStatus zelsFIRGenLowpass_64f(Zel64f rFreq, Zel64f* pTaps, int tapsLen, ZelWinType winType,
+                                         int doNormal, Zel8u* pBuffer);
+ZELS_API ZelStatus zelsFIRGenHighpass_64f(Zel64f rFreq, Zel64f* pTaps, int tapsLen, ZelWinType winType,
+                                          int doNormal, Zel8u* pBuffer);
+ZELS_API ZelStatus zelsFIRGenBandpass_64f(Zel64f rLowFreq, Zel64f rHighFreq, Zel64f* pTaps, int tapsLen,
+                                          ZelWinType winType, int doNormal, Zel8u* pBuffer);
+ZELS_API ZelStatus zelsFIRGenBandstop_64f(Zel64f rLowFreq, Zel64f rHighFreq, Zel64f* pTaps, int tapsLen,
+                                          ZelWinType winType, int doNormal, Zel8u* pBuffer);
 /** @} */
 
 /** @} */

@@ -19,7 +19,7 @@ class Demo(ProgramTest):
             write_wave(self.path(name + ".wav"), [rng.randrange(-9000, 9000) for _ in range(frames)])
         told = self.run_well(os.environ["BUILD_DIR"], "results")
         results = sorted(os.listdir(self.path("results")))
-        self.assertTrue({"voices.wav", "levels.png", "spectrogram.png"} <= set(results), results)
+        self.assertTrue({"voices.wav", "levels.png", "spectrogram.png", "telephone.wav", "telephone.png"} <= set(results), results)
         self.assertIn("results:\n" + "\n".join(results), told)
         for name in results:
             path = os.path.join(self.path("results"), name)
