@@ -89,7 +89,7 @@ struct Tone {
         factor = ownsSplat(-4 * (alternate ? c * c : s * s));
         flip = ownsSplat(alternate ? -0.0 : 0.0);
         magn = ownsSplat(magnitude);
-        ownsRepeat<lanes / 2>([&](int k) {
+        ownsEach<lanes / 2>([&](int k) {
             if constexpr (!isComplex) {
                 x[k] = e[k].re;
                 d[k] = (e[k] * between).re;
@@ -106,7 +106,7 @@ struct Tone {
     /// Eight parts of the tone, and one step.
     [[gnu::always_inline]] void next(OwnsF2 (&out)[lanes / 2])
     {
-        ownsRepeat<lanes / 2>([&](int k) {
+        ownsEach<lanes / 2>([&](int k) {
             // x + d first, which does not wait for the product.
             const OwnsF2 change = factor * x[k];
             out[k] = x[k] * magn;
@@ -119,7 +119,7 @@ struct Tone {
 
 inline void put(Zel64f* pDst, const OwnsF2 (&v)[lanes / 2])
 {
-    ownsRepeat<lanes / 2>([&](int k) { ownsStore(pDst + 2 * k, v[k]); });
+    ownsEach<lanes / 2>([&](int k) { ownsStore(pDst + 2 * k, v[k]); });
 }
 
 inline void put(Zel32f* pDst, const OwnsF2 (&v)[lanes / 2])

@@ -14,8 +14,8 @@ template <int n>
     const OwnsF2 square = t * t;
     OwnsF2 even = ownsSplat(c[(n - 1) & ~1]);
     OwnsF2 odd = ownsSplat(c[((n - 2) & ~1) + 1]);
-    ownsRepeat<(n - 1) / 2>([&](int k) { even = even * square + ownsSplat(c[((n - 3) & ~1) - 2 * k]); });
-    ownsRepeat<n / 2 - 1>([&](int k) { odd = odd * square + ownsSplat(c[((n - 4) & ~1) + 1 - 2 * k]); });
+    ownsEach<(n - 1) / 2>([&](int k) { even = even * square + ownsSplat(c[((n - 3) & ~1) - 2 * k]); });
+    ownsEach<n / 2 - 1>([&](int k) { odd = odd * square + ownsSplat(c[((n - 4) & ~1) + 1 - 2 * k]); });
     return even + odd * t;
 }
 
