@@ -51,10 +51,10 @@ inline OwnsF2 cosineOf(OwnsF2 x)
 
 // Doubles are reference enough for floats: their own error is below 2^-28 units.
 inline constexpr Elementary<Zel32f, double> elementary32f[]{
-    {"exp", [](OwnsF4 x) { return ownsExp(x); }, std::exp, {0.995, 1.5}, -88, 88},
-    {"ln", [](OwnsF4 x) { return ownsLn(x); }, std::log, {0.88, 1.5}, 0, 100},
+    {"exp", [](OwnsF4 x) { return ownsExp(x); }, std::exp, {0.995, 2}, -88, 88},
+    {"ln", [](OwnsF4 x) { return ownsLn(x); }, std::log, {1, 2}, 0, 100},
     {"cubrt", [](OwnsF4 x) { return ownsCubrt(x); }, std::cbrt, {0.51, 1.02}, -100, 100},
-    {"atan", [](OwnsF4 x) { return ownsAtan(x); }, std::atan, {0.98, 1.5}, -10, 10},
+    {"atan", [](OwnsF4 x) { return ownsAtan(x); }, std::atan, {1, 2}, -10, 10},
     {"sin", sineOf, std::sin, {0.99, 1.3}, -30, 30},
     {"cos", cosineOf, std::cos, {0.99, 1.3}, -30, 30},
 };
