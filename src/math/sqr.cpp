@@ -9,20 +9,20 @@ namespace {
 
 constexpr auto square = [](auto x) { return x * x; };
 
-/// The product of an element with itself, from its parts taken apart: fewer shuffles than the product in place.
-constexpr OwnsOnParts squareOfParts{[]<class V>(V re, V im) -> OwnsParts2<V> {
-    const V product = re * im;
-    return {re * re - im * im, product + product};
-}};
-
+/// The product of an element with itself; of two vectors from their parts taken apart, which takes fewer shuffles.
 template <class C>
-[[gnu::always_inline]] inline ZelStatus squareComplex(const C* pSrc, C* pDst, int len)
-{
-    if (const ZelStatus status = ownsCheck(len, pSrc, pDst); status != zelStatusOk)
-        return status;
-    ownsMapParts<OwnsPart<C>>(squareOfParts, OwnsComplexArray<C>{pDst}, len, pSrc);
-    return zelStatusOk;
-}
+struct SquareComplex {
+    OwnsVec<C> operator()(OwnsVec<C> x) const { return ownsComplexMul(x, x); }
+    OwnsVecs<C, 2> pair(OwnsVecs<C, 2> x) const
+    {
+        const auto [re, im] = ownsDivided(x);
+        const OwnsVec<C> product = re * im;
+        const OwnsVec<C> squareRe = re * re - im * im;
+        const OwnsVec<C> squareIm = product + product;
+        using Array = OwnsComplexArray<C>;
+        return {{Array::low(squareRe, squareIm), Array::high(squareRe, squareIm)}};
+    }
+};
 
 } // namespace
 
@@ -68,7 +68,7 @@ ZelStatus zelsSqr_64f_I_L(Zel64f* pSrcDst, ZelSize len)
 
 ZelStatus zelsSqr_32fc(const Zel32fc* pSrc, Zel32fc* pDst, int len)
 {
-    return squareComplex(pSrc, pDst, len);
+    return ownsRun<shape_32fc>(SquareComplex<Zel32fc>{}, pDst, len, pSrc);
 }
 
 ZelStatus zelsSqr_32fc_I(Zel32fc* pSrcDst, int len)
@@ -88,7 +88,7 @@ ZelStatus zelsSqr_32fc_I_L(Zel32fc* pSrcDst, ZelSize len)
 
 ZelStatus zelsSqr_64fc(const Zel64fc* pSrc, Zel64fc* pDst, int len)
 {
-    return squareComplex(pSrc, pDst, len);
+    return ownsRun<shape_64fc>(SquareComplex<Zel64fc>{}, pDst, len, pSrc);
 }
 
 ZelStatus zelsSqr_64fc_I(Zel64fc* pSrcDst, int len)
