@@ -266,17 +266,22 @@ class Runner {
         void* pointers[mostPointers];
         std::size_t bytes[mostPointers];
         const bool large = c.len > 22 * options.block + 1;
-        for (std::size_t k = 0; k < count; k++) {
+        const auto poolOf = [&](std::size_t k) -> const Pool& {
             const auto& pointer = subject.pointers[k];
-            const std::size_t n = elements(k, c.len);
-            bytes[k] = n * static_cast<std::size_t>(pointer.element.size);
-            const Pool& pool = options.generate && pointer.source
-                                   ? own[k]
-                                   : sharedPool({pointer.element.kind, c.fill[k], options.values.low,
-                                                 options.values.high, options.values.only},
-                                                n * static_cast<std::size_t>(pointer.element.parts));
-            data[k] = pool.at(static_cast<std::size_t>(random.below(poolSlack)) / unit[k] * unit[k],
-                              pointer.element);
+            if (options.generate && pointer.source)
+                return own[k];
+            return sharedPool({pointer.element.kind, c.fill[k], options.values.low, options.values.high,
+                               options.values.only},
+                              elements(k, c.len) * static_cast<std::size_t>(pointer.element.parts));
+        };
+        // Two pointers may have one pool, which grows to what the larger needs before either reads it.
+        for (std::size_t k = 0; k < count; k++)
+            poolOf(k);
+        for (std::size_t k = 0; k < count; k++) {
+            const Element& element = subject.pointers[k].element;
+            bytes[k] = elements(k, c.len) * static_cast<std::size_t>(element.size);
+            data[k] =
+                poolOf(k).at(static_cast<std::size_t>(random.below(poolSlack)) / unit[k] * unit[k], element);
         }
         for (std::size_t k = 0; k < count; k++) {
             if (c.shares[k] >= 0)
