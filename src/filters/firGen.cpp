@@ -97,7 +97,7 @@ class Taps {
             phase -= twoPi;
         if (phase < 0 || phase >= twoPi)
             phase = 0;
-        Zel64f* const values = buffer + part * (half + 1);
+        Zel64f* const values = buffer + ZelSize{part} * (half + 1);
         zelsTone_64f(values, half + 1, 1, f, &phase, zelHintAccurate);
         return values;
     }

@@ -119,7 +119,7 @@ struct Tone {
 
 inline void put(Zel64f* pDst, const OwnsF2 (&v)[lanes / 2])
 {
-    ownsEach<lanes / 2>([&](int k) { ownsStore(pDst + 2 * k, v[k]); });
+    ownsEach<lanes / 2>([&](int k) { ownsStore(pDst + ZelSize{2} * k, v[k]); });
 }
 
 inline void put(Zel32f* pDst, const OwnsF2 (&v)[lanes / 2])

@@ -11,6 +11,7 @@
 #include "math/vecMathTypes.h"
 #include "zels.h"
 
+#include <algorithm>
 #include <array>
 
 namespace {
@@ -82,13 +83,9 @@ constexpr auto tables32s = makeTables<Results32s>([](Results32s& table, int fact
 
 static_assert(
     [] {
-        for (const OwnsLookup16s& table : tables16s)
-            if (table.get(15) != INT16_MAX)
-                return false;
-        for (const Results32s& table : tables32s)
-            if (table.result[count32s - 1] != INT32_MAX)
-                return false;
-        return true;
+        const auto ends16s = [](const OwnsLookup16s& table) { return table.get(15) == INT16_MAX; };
+        const auto ends32s = [](const Results32s& table) { return table.result[count32s - 1] == INT32_MAX; };
+        return std::ranges::all_of(tables16s, ends16s) && std::ranges::all_of(tables32s, ends32s);
     }(),
     "each table ends in saturation");
 

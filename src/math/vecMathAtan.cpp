@@ -26,7 +26,7 @@ constexpr AtanEntry32f inTwoParts(Fraction quarter)
 
 constexpr auto makeAtanTable32f()
 {
-    constexpr unsigned size = 1 + atanGridSize32;
+    constexpr std::size_t size = 1 + atanGridSize32;
     std::array<AtanEntry32f, 4 * size> table{};
     for (unsigned i = 0; i < size; i++) {
         const unsigned first = (atanGridStart32 >> atanGridShift32) - 1;
@@ -98,7 +98,7 @@ constexpr AtanConstants64f atanConstants64f = {
     .gridStart = ownsAllOf(atanGridStart64),
 };
 
-constexpr std::array<AtanEntry32f, 4 * (1 + atanGridSize32)> atanTable32f = makeAtanTable32f();
+constexpr std::array<AtanEntry32f, std::size_t{4} * (1 + atanGridSize32)> atanTable32f = makeAtanTable32f();
 constexpr std::array<Zel64f, 1 + atanGridSize64> atanTable64f = makeAtanTable64f();
 
 // Both parts are brought into the middle of the range: what becomes 0 there is too small to matter. An infinite

@@ -36,7 +36,7 @@ struct AtanEntry32f {
 };
 /// For each way in which x and y may lie, in the order of 2 * (x < 0) + (|y| > |x|): the angle for c = 0, then
 /// those for the grid.
-extern const std::array<AtanEntry32f, 4 * (1 + atanGridSize32)> atanTable32f;
+extern const std::array<AtanEntry32f, std::size_t{4} * (1 + atanGridSize32)> atanTable32f;
 
 /// The angle of (x, y) from b = max(|x|, |y|), normal and neither very large nor very small, and
 /// a = min(|x|, |y|); `steep` where |y| > |x|. Of x and y the signs count alone.

@@ -82,7 +82,7 @@ constexpr Zel64f rounded(U128 m, int exponent, int bits)
     else
         mantissa = static_cast<Zel64u>(m) << (53 - bits - excess);
     // A mantissa that was rounded up to 2^53 carries into the exponent, as it should.
-    const auto biased = static_cast<Zel64u>(exponent + excess + bits - 1 + 1023);
+    const auto biased = static_cast<Zel64u>(Zel64s{exponent} + excess + bits - 1 + 1023);
     return std::bit_cast<Zel64f>((biased << 52) + (mantissa - (Zel64u{1} << 52)));
 }
 constexpr Zel64f asDouble(U128 m, int exponent)
