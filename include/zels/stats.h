@@ -207,7 +207,8 @@ ZELS_API ZelStatus zelsSumWindow_16s32f(const Zel16s* pSrc, Zel32f* pDst, int le
  */
 
 /** @name Infinity norm
- *  The largest magnitude. The scaled form shifts it by the scale factor without rounding: right for a
+ *  The largest magnitude; complex ones are roots of sums of squares, formed in double precision without a guard against
+ * overflow. The scaled form shifts it by the scale factor without rounding: right for a
  * positive one; left for a negative one, by no more than 31 places, with results of 2^31 - 1 and more
  * becoming 2^31 - 1.
  *  @param pSrc source
@@ -237,7 +238,7 @@ ZELS_API ZelStatus zelsNormDiff_Inf_64fc64f(const Zel64fc* pSrc1, const Zel64fc*
 /** @} */
 
 /** @name L1 norm
- *  The sum of magnitudes. The scaled forms shift it by the scale factor without rounding, left by no more
+ *  The sum of magnitudes; complex ones are formed as for the infinity norm. The scaled forms shift it by the scale factor without rounding, left by no more
  * than 31 places (32 above 65,536 elements; 63 in the 64-bit form), and limit shifted results to the largest
  * value. With factor 0 the 32-bit form stores the low 32 bits of the sum as they stand.
  *  @param pSrc source
