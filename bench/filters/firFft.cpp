@@ -1,8 +1,8 @@
 // The FFT engine beside the direct one on the same work, and beside overlap-save on FFTW with its best block length.
 #include "filters/fir.h"
 
-#if BENCH_HAS_FFTWF
-#include "filters/fftw.h"
+#if BENCH_HAS_FFTW && BENCH_HAS_FFTWF
+#include "filters/overlapSave.h"
 #endif
 
 #include <cstdio>
@@ -13,8 +13,8 @@ using bench::Filter;
 
 constexpr ZelSize length = 65536;
 
-#if BENCH_HAS_FFTWF
-auto fftw(const char* name, const bench::Fftw& build, const Zel32f* taps, int n, const Zel32f* src)
+#if BENCH_HAS_FFTW && BENCH_HAS_FFTWF
+auto fftw(const char* name, const bench::Fftw<Zel32f>& build, const Zel32f* taps, int n, const Zel32f* src)
 {
     static bench::Array<Zel32f> dst(length);
     const auto filter = bench::FftwFilter::best(build, taps, n, src, dst, static_cast<int>(length));
@@ -35,10 +35,10 @@ void rows(bench::Run& run, const std::string& name, Sizes sizes, Init init, Run 
         const Data* const src = x.get() + n;
         const auto work = filter.call(filterRun, src, y.get(), length);
         const auto other = bench::peer("zels direct", direct.call(filterRun, src, z.get(), length));
-#if BENCH_HAS_FFTWF
+#if BENCH_HAS_FFTW && BENCH_HAS_FFTWF
         if constexpr (std::is_same_v<Data, Zel32f>) {
-            static const auto narrow = bench::Fftw::from(BENCH_FFTW_SSE2 "libfftw3f.so");
-            const auto wide = fftw("FFTW (wider vectors)", bench::Fftw::wide(), filter.taps, n, src);
+            const auto& narrow = bench::Fftw<Zel32f>::narrow();
+            const auto wide = fftw("FFTW (wider vectors)", bench::Fftw<Zel32f>::wide(), filter.taps, n, src);
             if (narrow.forward)
                 run.row(row, length, {}, work, other, fftw("FFTW SSE2", narrow, filter.taps, n, src), wide);
             else

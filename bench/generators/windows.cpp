@@ -7,19 +7,6 @@
 
 namespace {
 
-template <class T>
-struct PartOf {
-    using Type = T;
-};
-template <class T>
-requires requires(T x)
-{
-    x.re;
-}
-struct PartOf<T> {
-    using Type = decltype(T::re);
-};
-
 constexpr double pi = 3.141592653589793;
 constexpr double beta = 8; // of the Kaiser window, at the middle
 
@@ -64,7 +51,7 @@ constexpr auto kaiser = []<class F>(F n, F last) {
 template <auto window, class T>
 BENCH_PLAIN void definition(const T* s, T* d, int n)
 {
-    using P = typename PartOf<T>::Type;
+    using P = typename bench::PartOf<T>::Type;
     using F = std::conditional_t<std::is_same_v<P, Zel64f>, double, float>;
     const F last = static_cast<F>(n - 1);
     const auto product = [](P x, F w) {

@@ -2,14 +2,9 @@
 // Plans are made beforehand. FFTW plans by MEASURE, which is let go where that takes minutes.
 #include "support/array.h"
 #include "support/bench.h"
+#include "support/fftw.h"
 #include "zels.h"
 
-#if BENCH_HAS_FFTW && BENCH_HAS_FFTWF
-#include <dlfcn.h>
-#include <fftw3.h>
-#endif
-
-#include <cstdio>
 #include <cstring>
 
 namespace {
@@ -65,69 +60,14 @@ struct Zeros : bench::Array<T> {
 
 #if BENCH_HAS_FFTW && BENCH_HAS_FFTWF
 
-// What is called of FFTW, in one precision, from whichever build.
-template <class Plan_, class Complex_, class T>
-struct Functions {
-    using Plan = Plan_;
-    using Complex = Complex_;
-    Plan (*complex)(int, Complex*, Complex*, int, unsigned) = nullptr;
-    Plan (*real)(int, T*, Complex*, unsigned) = nullptr;
-    void (*execute)(Plan) = nullptr;
-    void (*destroy)(Plan) = nullptr;
-    void (*forget)() = nullptr;
-
-    // From the build tree; all null where it is not there. Its symbols stay its own.
-    static Functions from(const char* path, std::string prefix)
-    {
-        Functions f;
-        void* const library = dlopen(path, RTLD_NOW | RTLD_LOCAL | RTLD_DEEPBIND);
-        if (!library) {
-            std::fprintf(stderr, "%s is not built (target fftw_sse2): its column is left out\n", path);
-            return f;
-        }
-        const auto find = [&](auto& function, const char* name) {
-            function = reinterpret_cast<std::remove_reference_t<decltype(function)>>(
-                dlsym(library, (prefix + name).c_str()));
-        };
-        find(f.complex, "plan_dft_1d");
-        find(f.real, "plan_dft_r2c_1d");
-        find(f.execute, "execute");
-        find(f.destroy, "destroy_plan");
-        find(f.forget, "forget_wisdom");
-        return f;
-    }
-};
-
-template <class T>
-struct Builds;
-template <>
-struct Builds<Zel32f> {
-    using Fftw = Functions<fftwf_plan, fftwf_complex, Zel32f>;
-    Fftw narrow = Fftw::from(BENCH_FFTW_SSE2 "libfftw3f.so", "fftwf_");
-    Fftw wide = {fftwf_plan_dft_1d, fftwf_plan_dft_r2c_1d, fftwf_execute, fftwf_destroy_plan,
-                 fftwf_forget_wisdom};
-};
-template <>
-struct Builds<Zel64f> {
-    using Fftw = Functions<fftw_plan, fftw_complex, Zel64f>;
-    Fftw narrow = Fftw::from(BENCH_FFTW_SSE2 "libfftw3.so", "fftw_");
-    Fftw wide = {fftw_plan_dft_1d, fftw_plan_dft_r2c_1d, fftw_execute, fftw_destroy_plan, fftw_forget_wisdom};
-};
-template <class T>
-const Builds<T>& builds()
-{
-    static const Builds<T> both;
-    return both;
-}
-
 template <class F>
-auto planned(const typename Builds<typename F::T>::Fftw& fftw, int order, typename F::T* in,
-             typename F::T* out, unsigned flags)
+auto planned(const bench::Fftw<typename F::T>& fftw, int order, typename F::T* in, typename F::T* out,
+             unsigned flags)
 {
-    using Complex = typename std::remove_reference_t<decltype(fftw)>::Complex;
+    using Complex = typename bench::Fftw<typename F::T>::Complex;
     auto* const spectrum = reinterpret_cast<Complex*>(out);
     if constexpr (F::real)
-        return fftw.real(1 << order, in, spectrum, flags);
+        return fftw.forward(1 << order, in, spectrum, flags);
     else
         return fftw.complex(1 << order, reinterpret_cast<Complex*>(in), spectrum, FFTW_FORWARD, flags);
 }
@@ -146,7 +86,8 @@ void beside(bench::Run& run, const char* name, int order, bool inPlace, Call cal
     const Zeros<T> in(parts), other(inPlace ? 1 : parts);
     T* const out = inPlace ? in.get() : other.get();
     const unsigned flags = order > highestMeasured ? FFTW_ESTIMATE : FFTW_MEASURE;
-    const auto& [narrow, wide] = builds<T>();
+    const auto& narrow = bench::Fftw<T>::narrow();
+    const auto& wide = bench::Fftw<T>::wide();
     const auto plan = planned<F>(wide, order, in, out, flags);
     const auto widePeer = bench::peer("FFTW (wider vectors)", [=, &wide] { wide.execute(plan); });
     if (narrow.complex) {
@@ -248,7 +189,7 @@ void planRows(bench::Run& run, const char* name, Function function)
         const auto make = [&own, order] { own.make(order); };
 #if BENCH_HAS_FFTW && BENCH_HAS_FFTWF
         using T = typename F::T;
-        const auto& fftw = builds<T>().wide;
+        const auto& fftw = bench::Fftw<T>::wide();
         auto* const in = reinterpret_cast<T*>(src.get());
         auto* const out = reinterpret_cast<T*>(dst.get());
         run.row(name, length, {}, make, transform, bench::peer("FFTW, ESTIMATE", [=, &fftw] {

@@ -8,7 +8,7 @@
 // half a circle.
 #include "frame/entry.h"
 #include "frame/scale.h"
-#include "math/vecMathSinCos.h"
+#include "math/vecMath.h"
 #include "zels.h"
 
 #include <cmath>

@@ -1,6 +1,6 @@
 // Kaiser windows.
 #include "generators/window.h"
-#include "math/vecMathExp.h"
+#include "math/vecMath.h"
 #include "zels.h"
 
 #include <cmath>

@@ -6,7 +6,7 @@
 
 #include "frame/entry.h"
 #include "frame/scale.h"
-#include "math/vecMathTypes.h"
+#include "math/vecMath.h"
 
 /// Four values, or four parts of elements.
 struct OwnsFour {

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "generators/window.h"
-#include "math/vecMathSinCos.h"
+#include "math/vecMath.h"
 
 inline constexpr Zel64f ownsWindowPi = 3.141592653589793;
 

@@ -1,24 +1,16 @@
 // sqrt(x^2 + y^2) in double precision without undue overflow, within 0.86 units of the last place.
 #pragma once
 
-#include "frame/vec.h"
+#include "math/vecMathTypes.h"
 
 #include <limits>
 
-using OwnsF64x2 = OwnsVec<Zel64f>;
-
-inline OwnsF64x2 ownsAbs(OwnsF64x2 x)
+inline OwnsF2 ownsAbs(OwnsF2 x)
 {
     return _mm_andnot_pd(_mm_set1_pd(-0.0), x);
 }
 
-/// a where the mask is all ones, else b.
-inline OwnsF64x2 ownsSelect(__m128d mask, OwnsF64x2 a, OwnsF64x2 b)
-{
-    return _mm_blendv_pd(b, a, mask);
-}
-
-inline __m128d ownsIsInfinite(OwnsF64x2 absX, OwnsF64x2 absY)
+inline __m128d ownsIsInfinite(OwnsF2 absX, OwnsF2 absY)
 {
     const __m128d infinity = _mm_set1_pd(std::numeric_limits<Zel64f>::infinity());
     return _mm_or_pd(_mm_cmpeq_pd(absX, infinity), _mm_cmpeq_pd(absY, infinity));
@@ -26,7 +18,7 @@ inline __m128d ownsIsInfinite(OwnsF64x2 absX, OwnsF64x2 absY)
 
 /// Where squares neither overflow nor lose bits: the larger value lies between 2^-450 and 2^500. Zeros,
 /// infinities and NaN lie outside.
-inline bool ownsSquaresFit(OwnsF64x2 larger)
+inline bool ownsSquaresFit(OwnsF2 larger)
 {
     return _mm_movemask_pd(_mm_and_pd(_mm_cmpge_pd(larger, _mm_set1_pd(0x1p-450)),
                                       _mm_cmple_pd(larger, _mm_set1_pd(0x1p500)))) == 3;
@@ -34,9 +26,9 @@ inline bool ownsSquaresFit(OwnsF64x2 larger)
 
 /// What brings values into that range, and a length or its root back.
 struct OwnsRangeScale {
-    OwnsF64x2 in, out, outOfRoot;
+    OwnsF2 in, out, outOfRoot;
 
-    explicit OwnsRangeScale(OwnsF64x2 larger)
+    explicit OwnsRangeScale(OwnsF2 larger)
     {
         const __m128d big = _mm_cmpgt_pd(larger, _mm_set1_pd(0x1p500));
         const __m128d tiny = _mm_cmplt_pd(larger, _mm_set1_pd(0x1p-450));
@@ -51,32 +43,32 @@ struct OwnsRangeScale {
 
 /// For absolute values in that range. The squares are exact in two pieces, of the upper 26 bits and of the
 /// rest; their sum is rounded once and the root once.
-inline OwnsF64x2 ownsHypotInRange(OwnsF64x2 absX, OwnsF64x2 absY)
+inline OwnsF2 ownsHypotInRange(OwnsF2 absX, OwnsF2 absY)
 {
     // Each instruction gives its second operand where there is a NaN, so one of the two carries it on.
-    const OwnsF64x2 a = _mm_max_pd(absY, absX);
-    const OwnsF64x2 b = _mm_min_pd(absX, absY);
+    const OwnsF2 a = _mm_max_pd(absY, absX);
+    const OwnsF2 b = _mm_min_pd(absX, absY);
     const __m128d upper = _mm_castsi128_pd(_mm_set1_epi64x(-0x8000000));
-    const OwnsF64x2 aUpper = _mm_and_pd(a, upper);
-    const OwnsF64x2 bUpper = _mm_and_pd(b, upper);
-    const OwnsF64x2 aSquare = aUpper * aUpper;
-    const OwnsF64x2 bSquare = bUpper * bUpper;
-    const OwnsF64x2 sum = aSquare + bSquare;
-    const OwnsF64x2 lost = bSquare - (sum - aSquare);
-    const OwnsF64x2 rest = (a + aUpper) * (a - aUpper) + (b + bUpper) * (b - bUpper);
+    const OwnsF2 aUpper = _mm_and_pd(a, upper);
+    const OwnsF2 bUpper = _mm_and_pd(b, upper);
+    const OwnsF2 aSquare = aUpper * aUpper;
+    const OwnsF2 bSquare = bUpper * bUpper;
+    const OwnsF2 sum = aSquare + bSquare;
+    const OwnsF2 lost = bSquare - (sum - aSquare);
+    const OwnsF2 rest = (a + aUpper) * (a - aUpper) + (b + bUpper) * (b - bUpper);
     return _mm_sqrt_pd(sum + (lost + rest));
 }
 
 /// hypot(x, y), with the special values of the standard function: an infinity wins over a NaN.
-inline OwnsF64x2 ownsHypot(OwnsF64x2 x, OwnsF64x2 y)
+inline OwnsF2 ownsHypot(OwnsF2 x, OwnsF2 y)
 {
-    const OwnsF64x2 absX = ownsAbs(x);
-    const OwnsF64x2 absY = ownsAbs(y);
-    const OwnsF64x2 larger = _mm_max_pd(absX, absY);
+    const OwnsF2 absX = ownsAbs(x);
+    const OwnsF2 absY = ownsAbs(y);
+    const OwnsF2 larger = _mm_max_pd(absX, absY);
     if (ownsSquaresFit(larger)) [[likely]]
         return ownsHypotInRange(absX, absY);
     const OwnsRangeScale scale(larger);
-    const OwnsF64x2 length = ownsHypotInRange(absX * scale.in, absY * scale.in) * scale.out;
+    const OwnsF2 length = ownsHypotInRange(absX * scale.in, absY * scale.in) * scale.out;
     return ownsSelect(ownsIsInfinite(absX, absY), _mm_set1_pd(std::numeric_limits<Zel64f>::infinity()),
                       length);
 }

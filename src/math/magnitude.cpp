@@ -47,20 +47,20 @@ struct Magnitude32sc {
     static V scaled(S x, Scale scale)
     {
         const auto two = [=](OwnsVec<Zel32s> v) {
-            const OwnsF64x2 re = _mm_cvtepi32_pd(_mm_shuffle_epi32(ownsInt(v), 0x88));
-            const OwnsF64x2 im = _mm_cvtepi32_pd(_mm_shuffle_epi32(ownsInt(v), 0xDD));
-            const OwnsF64x2 length = scale(OwnsF64x2(_mm_sqrt_pd(ownsSumOfSquares(re, im))));
+            const OwnsF2 re = _mm_cvtepi32_pd(_mm_shuffle_epi32(ownsInt(v), 0x88));
+            const OwnsF2 im = _mm_cvtepi32_pd(_mm_shuffle_epi32(ownsInt(v), 0xDD));
+            const OwnsF2 length = scale(OwnsF2(_mm_sqrt_pd(ownsSumOfSquares(re, im))));
             return _mm_cvtpd_epi32(_mm_min_pd(length, _mm_set1_pd(2147483647.0)));
         };
         return ownsAs<Zel32s>(_mm_unpacklo_epi64(two(x.v[0]), two(x.v[1])));
     }
     static V times(S x, Zel64f factor)
     {
-        return scaled(x, [=](OwnsF64x2 length) { return length * factor; });
+        return scaled(x, [=](OwnsF2 length) { return length * factor; });
     }
     static V apply(OwnsUnscaled, S x)
     {
-        return scaled(x, [](OwnsF64x2 length) { return length; });
+        return scaled(x, [](OwnsF2 length) { return length; });
     }
     static V apply(OwnsHalved, S x) { return times(x, 0.5); }
     static V apply(OwnsShiftedRight path, S x)

@@ -37,39 +37,39 @@ template <OwnsShape shape, class T>
 // exchanged where x is negative. Nothing cancels.
 
 struct Parts {
-    OwnsF64x2 re, im;
+    OwnsF2 re, im;
 };
 
 /// From t, and infinite where a part of the argument is.
-inline Parts principalRoot(OwnsF64x2 x, OwnsF64x2 y, OwnsF64x2 t)
+inline Parts principalRoot(OwnsF2 x, OwnsF2 y, OwnsF2 t)
 {
-    const OwnsF64x2 absY = ownsAbs(y);
-    const OwnsF64x2 infinity = _mm_set1_pd(std::numeric_limits<Zel64f>::infinity());
+    const OwnsF2 absY = ownsAbs(y);
+    const OwnsF2 infinity = _mm_set1_pd(std::numeric_limits<Zel64f>::infinity());
     t = ownsSelect(ownsIsInfinite(ownsAbs(x), absY), infinity, t);
-    OwnsF64x2 other = _mm_andnot_pd(_mm_cmpeq_pd(t, _mm_setzero_pd()), absY / (t + t));
+    OwnsF2 other = _mm_andnot_pd(_mm_cmpeq_pd(t, _mm_setzero_pd()), absY / (t + t));
     other = ownsSelect(_mm_cmpeq_pd(absY, infinity), infinity, other);
     const __m128d isLeft = _mm_cmplt_pd(x, _mm_setzero_pd());
-    const OwnsF64x2 sign = _mm_and_pd(y, _mm_set1_pd(-0.0));
+    const OwnsF2 sign = _mm_and_pd(y, _mm_set1_pd(-0.0));
     return {ownsSelect(isLeft, other, t), _mm_or_pd(ownsSelect(isLeft, t, other), sign)};
 }
 
 /// Of parts whose squares fit a double: converted floats and integers.
-inline Parts principalRootOfSmall(OwnsF64x2 x, OwnsF64x2 y)
+inline Parts principalRootOfSmall(OwnsF2 x, OwnsF2 y)
 {
-    const OwnsF64x2 length = _mm_sqrt_pd(x * x + y * y);
+    const OwnsF2 length = _mm_sqrt_pd(x * x + y * y);
     return principalRoot(x, y, _mm_sqrt_pd((ownsAbs(x) + length) * 0.5));
 }
 
-inline Parts principalRootOf(OwnsF64x2 x, OwnsF64x2 y)
+inline Parts principalRootOf(OwnsF2 x, OwnsF2 y)
 {
-    const OwnsF64x2 absX = ownsAbs(x);
-    const OwnsF64x2 absY = ownsAbs(y);
-    const OwnsF64x2 larger = _mm_max_pd(absX, absY);
+    const OwnsF2 absX = ownsAbs(x);
+    const OwnsF2 absY = ownsAbs(y);
+    const OwnsF2 larger = _mm_max_pd(absX, absY);
     if (ownsSquaresFit(larger)) [[likely]]
         return principalRoot(x, y, _mm_sqrt_pd((absX + ownsHypotInRange(absX, absY)) * 0.5));
     const OwnsRangeScale scale(larger);
-    const OwnsF64x2 inX = absX * scale.in;
-    const OwnsF64x2 root = _mm_sqrt_pd((inX + ownsHypotInRange(inX, absY * scale.in)) * 0.5);
+    const OwnsF2 inX = absX * scale.in;
+    const OwnsF2 root = _mm_sqrt_pd((inX + ownsHypotInRange(inX, absY * scale.in)) * 0.5);
     return principalRoot(x, y, root * scale.outOfRoot);
 }
 
@@ -82,7 +82,7 @@ constexpr auto rootOfComplex32 = [](OwnsVec<Zel32f> v) -> OwnsVec<Zel32f> {
 /// Two elements at a time, where the driver has one: roots of both parts in one instruction.
 void rootsOfComplex64(const Zel64fc* pSrc, Zel64fc* pDst, int len)
 {
-    const auto two = [](OwnsF64x2 a, OwnsF64x2 b) {
+    const auto two = [](OwnsF2 a, OwnsF2 b) {
         return principalRootOf(_mm_unpacklo_pd(a, b), _mm_unpackhi_pd(a, b));
     };
     int i = 0;
@@ -187,8 +187,8 @@ struct Root16sc {
     {
         const OwnsVec<Zel32s> re = ownsAs<Zel32s>(v) << 16 >> 16;
         const OwnsVec<Zel32s> im = ownsAs<Zel32s>(v) >> 16;
-        const auto nearest = [=](OwnsF64x2 x) {
-            const OwnsF64x2 bounded =
+        const auto nearest = [=](OwnsF2 x) {
+            const OwnsF2 bounded =
                 _mm_max_pd(_mm_min_pd(x * factor, _mm_set1_pd(32767)), _mm_set1_pd(-32768));
             return _mm_cvttpd_epi32(ownsRoundedNear(bounded));
         };

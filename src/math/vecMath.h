@@ -12,6 +12,7 @@
 // from read-only memory.
 #pragma once
 
+#include "math/hypot.h"
 #include "math/vecMathAtan.h"
 #include "math/vecMathCubrt.h"
 #include "math/vecMathExp.h"

@@ -80,7 +80,7 @@ TEST(ScaledProducts, everyFactor)
 
 TEST(ScaledProducts, fullComplexProductsOverflowTheWideType)
 {
-    // (-2^31, -2^31) squared has the imaginary part 2^63, and 2^31 in 16 bits.
+    // (-2^31, -2^31) squared has 2^63 in the place of i, and in 16 bits 2^31.
     for (const int s : factors(-34, 65)) {
         const Zel32sc a{INT32_MIN, INT32_MIN};
         Zel32sc result;

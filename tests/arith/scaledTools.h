@@ -49,25 +49,6 @@ auto edgySources()
     };
 }
 
-/// The factors from below the saturation limit to above the zero limit, and the ends of int.
-inline std::vector<int> factors(int lowest, int highest)
-{
-    std::vector<int> list{std::numeric_limits<int>::min(), std::numeric_limits<int>::max()};
-    for (int s = lowest; s <= highest; s++)
-        list.push_back(s);
-    return list;
-}
-
-/// All values of a type of at most 16 bits.
-template <class T>
-std::vector<T> everyValue()
-{
-    std::vector<T> all(std::size_t{1} << (8 * sizeof(T)));
-    for (std::size_t i = 0; i < all.size(); i++)
-        all[i] = static_cast<T>(i);
-    return all;
-}
-
 /// All pairs of 8-bit elements by function(a, b, result, len, factor).
 template <class Model, class F>
 void allPairs(const char* name, F function, const Model& model, int lowest, int highest)

@@ -56,7 +56,7 @@ TEST(Exp, ofIntegersByEachFactor)
 {
     checkFactors<Zel16s>(fixedExp, EXPORTS(zelsExp_16s_Sfs), factors(-131, 131), tellingArguments<Zel16s>());
     checkFactors<Zel32s>(fixedExp, EXPORTS(zelsExp_32s_Sfs), factors(-131, 131), tellingArguments<Zel32s>());
-    checkFactors<Zel16s>(fixedExp, EXPORTS(zelsExp_16s_Sfs), {0, -5, 33}, allValues<Zel16s>());
+    checkFactors<Zel16s>(fixedExp, EXPORTS(zelsExp_16s_Sfs), {0, -5, 33}, everyValue<Zel16s>());
     for (const int factor : {0, 17, -8, -31}) {
         const SweepOptions options{.values = {.low = -30, .high = 30}};
         sweep(fixedExp, EXPORTS(zelsExp_16s_Sfs, zelsExp_16s_ISfs), options, factor);

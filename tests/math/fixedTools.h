@@ -36,24 +36,6 @@ T scaledRoot(Wide n, int scaleFactor)
     return saturated<T>(r + (beyond > 0 || (beyond == 0 && (r & 1) != 0)));
 }
 
-/// The factors from below one limit to above the other, and the ends of int.
-inline std::vector<int> factors(int lowest, int highest)
-{
-    std::vector<int> list{std::numeric_limits<int>::min(), std::numeric_limits<int>::max()};
-    for (int s = lowest; s <= highest; s++)
-        list.push_back(s);
-    return list;
-}
-
-template <class T>
-std::vector<T> allValues()
-{
-    std::vector<T> all;
-    for (int x = std::numeric_limits<T>::min(); x <= std::numeric_limits<T>::max(); x++)
-        all.push_back(static_cast<T>(x));
-    return all;
-}
-
 /// Parts to combine with each other: limits, powers of two and their neighbours, some of no pattern.
 inline std::vector<Zel16s> tellingParts()
 {

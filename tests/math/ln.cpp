@@ -139,7 +139,7 @@ TEST(Ln, ofIntegersByEachFactor)
 
 TEST(Ln, ExhaustiveIntegersOf16Bits)
 {
-    checkAll<Zel16s>(zelsLn_16s_Sfs, allValues<Zel16s>(), -17, 6);
+    checkAll<Zel16s>(zelsLn_16s_Sfs, everyValue<Zel16s>(), -17, 6);
 }
 
 /// Lengths, places and in place: whatever the way, each result is that of the element alone.

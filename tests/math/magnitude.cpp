@@ -102,7 +102,7 @@ TEST(Magnitude, ofDoublesAsHypot)
 
 TEST(Magnitude, all16BitPartsByEveryFactor)
 {
-    const auto all = allValues<Zel16s>();
+    const auto all = everyValue<Zel16s>();
     for (const Zel16s other : std::initializer_list<Zel16s>{-32768, 0, 1, 3, 23170, 32767}) {
         const std::vector<Zel16s> others(all.size(), other);
         checkFactors<Zel16s>(fixedMagnitude, EXPORTS(zelsMagnitude_16s_Sfs), factors(-16, 17), all, others);

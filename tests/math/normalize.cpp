@@ -75,7 +75,7 @@ TEST(Normalize, refusesDivisors)
 
 TEST(Normalize, all16BitInputsByEveryFactor)
 {
-    const auto all = allValues<Zel16s>();
+    const auto all = everyValue<Zel16s>();
     std::vector<Zel16s> result(all.size());
     for (const int vDiv : {1, -1, 3, -7, 100, 32768, -65536, 65537, INT32_MAX, INT32_MIN})
         for (const Zel16s vSub : std::initializer_list<Zel16s>{-32768, 0, 5, 32767})

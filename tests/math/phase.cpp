@@ -71,7 +71,7 @@ TEST(Phase, ofFloats)
 
 TEST(Phase, roundsTheExactAngle)
 {
-    const auto all = allValues<Zel16s>();
+    const auto all = everyValue<Zel16s>();
     for (const Zel16s re : std::initializer_list<Zel16s>{-32768, 0, -1, 3, 32767}) {
         const std::vector<Zel16s> same(all.size(), re);
         checkFactors<Zel16s>(fixedPhase, EXPORTS(zelsPhase_16s_Sfs), {2, 1, 0, -13, -14, -15, -29}, same,
@@ -87,7 +87,7 @@ TEST(Phase, roundsTheExactAngle)
 TEST(Phase, ExhaustiveOverAllPairs)
 {
     // A model in double precision is enough unless a tie is near.
-    const auto all = allValues<Zel16s>();
+    const auto all = everyValue<Zel16s>();
     std::vector<Zel16s> same(all.size()), result(all.size());
     std::vector<Zel64f> angles(all.size());
     for (const Zel16s re : all) {

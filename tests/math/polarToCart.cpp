@@ -33,7 +33,7 @@ constexpr ErrorBound bound64 = boundOfProduct(Zel64f{});
 /// Every phase, and magnitudes that vary.
 void checkPhases(const std::vector<Zel16s>& magnitudes, int magnScaleFactor, int phaseScaleFactor)
 {
-    const auto phases = allValues<Zel16s>();
+    const auto phases = everyValue<Zel16s>();
     std::vector<Zel16sc> result(phases.size());
     zelsPolarToCart_16sc_Sfs(magnitudes.data(), phases.data(), result.data(), static_cast<int>(phases.size()),
                              magnScaleFactor, phaseScaleFactor);

@@ -36,7 +36,7 @@ TEST(PowerSpectr, largestPowerDoesNotWrap)
 
 TEST(PowerSpectr, all16BitPartsByEveryFactor)
 {
-    const auto all = allValues<Zel16s>();
+    const auto all = everyValue<Zel16s>();
     for (const Zel16s other : std::initializer_list<Zel16s>{-32768, 0, 1, 181, 23170, 32767}) {
         const std::vector<Zel16s> others(all.size(), other);
         checkFactors<Zel16s>(fixedPower, EXPORTS(zelsPowerSpectr_16s_Sfs), factors(-17, 33), all, others);

@@ -153,8 +153,8 @@ constexpr auto nearest = [](const auto* x, const Zel32s* y, Zel32s* dot, ZelSize
     *dot = static_cast<Zel32s>(std::nearbyint(std::clamp(value, -2147483648.0, 2147483647.0)));
 };
 
-constexpr int factors[]{0,  1,    2,         8,  15, 16, 30,  31,  32,  33,  62,  63,    93,
-                        94, 1000, INT32_MAX, -1, -2, -8, -16, -30, -31, -32, -64, -1000, INT32_MIN};
+constexpr int scaledDots[]{0,  1,    2,         8,  15, 16, 30,  31,  32,  33,  62,  63,    93,
+                           94, 1000, INT32_MAX, -1, -2, -8, -16, -30, -31, -32, -64, -1000, INT32_MIN};
 
 } // namespace
 
@@ -178,7 +178,7 @@ TEST(DotProd, addsProductsOf16BitsExactly)
     sweep(dot16s32f, EXPORTS(zelsDotProd_16s32f), options);
     sweep(dot16sc, EXPORTS(zelsDotProd_16sc64sc), options);
     sweep(dot16s16sc, EXPORTS(zelsDotProd_16s16sc64sc), options);
-    for (const int factor : factors)
+    for (const int factor : scaledDots)
         sweep<LengthIs::first>(dot16s32s, EXPORTS(zelsDotProd_16s32s_Sfs),
                                {.around = {257}, .modes = Modes::rounding, .repeats = 1}, factor);
 }
@@ -209,7 +209,7 @@ TEST(DotProd, keepsLargestProductsExact)
 
 TEST(DotProd, addsProductsOf32BitsToNearest)
 {
-    for (const int factor : factors) {
+    for (const int factor : scaledDots) {
         const SweepOptions options{.modes = Modes::rounding, .modelToNearest = true, .repeats = 1};
         sweep<LengthIs::first>(nearest, EXPORTS(zelsDotProd_32s_Sfs, zelsDotProd_16s32s32s_Sfs), options,
                                factor);

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <vector>
 
 namespace support {
 
@@ -82,6 +83,25 @@ constexpr T elementProduct(T a, T b)
         return complexProduct(a, b);
     else
         return a * b;
+}
+
+/// The factors from below the saturation limit to above the zero limit, and the ends of int.
+inline std::vector<int> factors(int lowest, int highest)
+{
+    std::vector<int> list{std::numeric_limits<int>::min(), std::numeric_limits<int>::max()};
+    for (int s = lowest; s <= highest; s++)
+        list.push_back(s);
+    return list;
+}
+
+/// All values of a type of at most 16 bits.
+template <class T>
+std::vector<T> everyValue()
+{
+    std::vector<T> all(std::size_t{1} << (8 * sizeof(T)));
+    for (std::size_t i = 0; i < all.size(); i++)
+        all[i] = static_cast<T>(i);
+    return all;
 }
 
 } // namespace support

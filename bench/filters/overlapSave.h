@@ -2,51 +2,21 @@
 #pragma once
 
 #include "support/array.h"
+#include "support/fftw.h"
 
 #include <algorithm>
 #include <chrono>
 #include <cstring>
-#include <dlfcn.h>
-#include <fftw3.h>
 #include <memory>
 #include <pmmintrin.h>
 #include <string>
 
 namespace bench {
 
-/// FFTW in single precision, from whichever build.
-struct Fftw {
-    decltype(&fftwf_plan_dft_r2c_1d) forward = nullptr;
-    decltype(&fftwf_plan_dft_c2r_1d) inverse = nullptr;
-    decltype(&fftwf_execute) execute = nullptr;
-    decltype(&fftwf_destroy_plan) destroy = nullptr;
-
-    static Fftw wide()
-    {
-        return {fftwf_plan_dft_r2c_1d, fftwf_plan_dft_c2r_1d, fftwf_execute, fftwf_destroy_plan};
-    }
-    /// From a library of the build tree; all null where it is missing. Its symbols stay its own.
-    static Fftw from(const char* path)
-    {
-        Fftw f;
-        if (void* const library = dlopen(path, RTLD_NOW | RTLD_LOCAL | RTLD_DEEPBIND)) {
-            const auto find = [&](auto& function, const char* name) {
-                function =
-                    reinterpret_cast<std::remove_reference_t<decltype(function)>>(dlsym(library, name));
-            };
-            find(f.forward, "fftwf_plan_dft_r2c_1d");
-            find(f.inverse, "fftwf_plan_dft_c2r_1d");
-            find(f.execute, "fftwf_execute");
-            find(f.destroy, "fftwf_destroy_plan");
-        }
-        return f;
-    }
-};
-
 /// A filter of n taps by blocks of one length.
 class FftwFilter {
   public:
-    FftwFilter(const Fftw& theBuild, const Zel32f* taps, int n, int theLength)
+    FftwFilter(const Fftw<Zel32f>& theBuild, const Zel32f* taps, int n, int theLength)
         : build(theBuild), length(theLength), h(n - 1), block(length), bins(length / 2 + 1),
           spectrum(length / 2 + 1)
     {
@@ -94,8 +64,8 @@ class FftwFilter {
     }
 
     /// The one whose blocks take the least time on so many samples.
-    static std::shared_ptr<FftwFilter> best(const Fftw& build, const Zel32f* taps, int n, const Zel32f* x,
-                                            Zel32f* y, int count)
+    static std::shared_ptr<FftwFilter> best(const Fftw<Zel32f>& build, const Zel32f* taps, int n,
+                                            const Zel32f* x, Zel32f* y, int count)
     {
         std::shared_ptr<FftwFilter> chosen;
         double least = 0;
@@ -120,7 +90,7 @@ class FftwFilter {
     std::string blocks() const { return std::to_string(length); }
 
   private:
-    Fftw build;
+    Fftw<Zel32f> build;
     int length, h;
     Array<Zel32f> block;
     Array<Zel32fc> bins, spectrum;
