@@ -209,7 +209,7 @@ ZELS_API ZelStatus zelsMagnitude_32sc_Sfs(const Zel32sc* pSrc, Zel32s* pDst, int
 
 /** @name Arctangent
  *  `pDst[n] = atan(pSrc[n])`, between -pi/2 and pi/2, for every argument. The error is below 0.98 units in the last
- * place in `32f` and below 0.78 in `64f`, rounding to nearest.
+ * place in `32f` and below 0.57 in `64f`, rounding to nearest.
  *  @param pSrc source
  *  @param pDst destination
  *  @param pSrcDst source and destination
@@ -276,7 +276,7 @@ ZELS_API ZelStatus zelsCartToPolar_16sc_Sfs(const Zel16sc* pSrc, Zel16s* pDstMag
 
 /** @name Polar to Cartesian form
  *  `re = magn * cos(phase)`, `im = magn * sin(phase)`, for phases of any size. The error of sine and
- * cosine is below 0.99 units in the last place in `32f` and below 0.82 in `64f`, rounding to nearest; each product
+ * cosine is below 0.93 units in the last place in `32f` and below 0.82 in `64f`, rounding to nearest; each product
  * is rounded once more. In the split forms the destinations
  * may be the sources.
  *

@@ -113,25 +113,34 @@ struct OwnsComplexArray {
     }
 };
 
+namespace owns_detail {
+
+/// The first `n` elements of a vector; one copy of it, for all places that need a part.
+template <class T, class Op, class Destination, class... S>
+[[gnu::noinline]] void somePart(const Op& op, Destination dst, ZelSize i, int n, const S*... pSrc)
+{
+    if constexpr (requires { op.part(n, ownsTakePart<T>(pSrc, n)...); })
+        dst.putPart(i, op.part(n, ownsTakePart<T>(pSrc + i, n)...), n);
+    else
+        dst.putPart(i, op(ownsTakePart<T>(pSrc + i, n)...), n);
+}
+
+} // namespace owns_detail
+
 /// Runs `op`, which gives OwnsParts2 of parts of type T, over `len` elements, by the pattern of
 /// zelsKernelConventions.h but for its cut. The destinations may be the sources.
 template <class T, class Op, class Destination, class... S>
-[[gnu::always_inline]] inline void ownsMapParts(Op op, Destination dst, ZelSize len, const S*... pSrc)
+[[gnu::always_inline]] inline void ownsMapParts(const Op& op, Destination dst, ZelSize len, const S*... pSrc)
 {
     constexpr int lanes = ownsLanes<T>;
     ZelSize i = 0;
-    const auto part = [&](int n) {
-        if constexpr (requires { op.part(n, ownsTakePart<T>(pSrc, n)...); })
-            dst.putPart(i, op.part(n, ownsTakePart<T>(pSrc + i, n)...), n);
-        else
-            dst.putPart(i, op(ownsTakePart<T>(pSrc + i, n)...), n);
-        i += n;
-    };
     if (len >= ownsPeelFrom / static_cast<ZelSize>(sizeof(T))) [[unlikely]]
-        if (const int peel = owns_detail::peelCount(dst.start()); peel > 0)
-            part(peel);
+        if (const int peel = owns_detail::peelCount(dst.start()); peel > 0) {
+            owns_detail::somePart<T>(op, dst, 0, peel, pSrc...);
+            i = peel;
+        }
     for (; i <= len - lanes; i += lanes)
         dst.put(i, op(ownsTake<T>(pSrc + i)...));
-    if (const int rest = static_cast<int>(len - i); rest > 0)
-        part(rest);
+    if (i < len)
+        owns_detail::somePart<T>(op, dst, i, static_cast<int>(len - i), pSrc...);
 }

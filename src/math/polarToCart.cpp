@@ -10,11 +10,16 @@
 
 namespace {
 
-constexpr auto cartesian = []<class V>(V magn, V phase) -> OwnsParts2<V> {
-    V sin, cos;
-    ownsSinCos(phase, sin, cos);
-    return {magn * cos, magn * sin};
+struct Cartesian {
+    template <class V>
+    [[gnu::always_inline]] OwnsParts2<V> operator()(V magn, V phase) const
+    {
+        V sin, cos;
+        ownsSinCos(phase, sin, cos);
+        return {magn * cos, magn * sin};
+    }
 };
+constexpr Cartesian cartesian;
 
 template <class T>
 [[gnu::always_inline]] inline ZelStatus toTwo(const T* pSrcMagn, const T* pSrcPhase, T* pDstRe, T* pDstIm,

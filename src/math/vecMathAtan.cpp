@@ -2,40 +2,42 @@
 #include "math/vecMathAtan.h"
 #include "math/vecMathConst.h"
 
+#include <limits>
+
 namespace owns_detail {
 
 namespace {
 
-/// atan(c) for c of the grid of four fractional bits, `step` the bits of c without the rest of the mantissa.
+/// atan(c) for c <= 1 of the grid of four fractional bits, `step` the bits of c without the rest of the mantissa.
 constexpr Fraction atanOfStep(unsigned step, int bias)
 {
-    const Zel64u m = 16 + step % 16;
-    const int exponent = static_cast<int>(step / 16) - bias - 4;
-    return m == 16 && exponent == -4 ? quarterPi : atanFraction(m, -exponent);
+    return atanFraction(16 + step % 16, Zel64u{16} << (bias - static_cast<int>(step / 16)));
 }
 
-/// A quarter of an angle, as two floats that make the angle.
-constexpr AtanEntry32f inTwoParts(Fraction quarter)
+/// A quarter of an angle, as two numbers of so many bits that make the angle.
+template <class T>
+constexpr AtanEntry<T> inTwoParts(Fraction quarter)
 {
-    const Zel64f high = rounded(quarter, -126, 24);
+    constexpr int bits = std::numeric_limits<T>::digits;
+    const Zel64f high = rounded(quarter, -126, bits);
     const Fraction exact = inUnits(high, -126);
     const Zel64f low =
-        exact > quarter ? -rounded(exact - quarter, -126, 24) : rounded(quarter - exact, -126, 24);
-    return {static_cast<Zel32f>(high), static_cast<Zel32f>(low)};
+        exact > quarter ? -rounded(exact - quarter, -126, bits) : rounded(quarter - exact, -126, bits);
+    return {static_cast<T>(high), static_cast<T>(low)};
 }
 
 constexpr auto makeAtanTable32f()
 {
     constexpr std::size_t size = 1 + atanGridSize32;
-    std::array<AtanEntry32f, 4 * size> table{};
+    std::array<AtanEntry<Zel32f>, 4 * size> table{};
     for (unsigned i = 0; i < size; i++) {
         const unsigned first = (atanGridStart32 >> atanGridShift32) - 1;
         const Fraction angle = i == 0 ? 0 : atanOfStep(first + i, 127) / 4;
         constexpr Fraction half = quarterPi / 2;
-        table[i] = inTwoParts(angle);
-        table[size + i] = inTwoParts(half - angle);
-        table[2 * size + i] = inTwoParts(2 * half - angle);
-        table[3 * size + i] = inTwoParts(half + angle);
+        table[i] = inTwoParts<Zel32f>(angle);
+        table[size + i] = inTwoParts<Zel32f>(half - angle);
+        table[2 * size + i] = inTwoParts<Zel32f>(2 * half - angle);
+        table[3 * size + i] = inTwoParts<Zel32f>(half + angle);
     }
     return table;
 }
@@ -52,6 +54,19 @@ constexpr auto makeAtanTable64f()
         const Fraction c = Fraction{16 + step % 16} << shift;
         table[i] = -rounded(c - angle, -128, 53);
     }
+    return table;
+}
+
+constexpr auto makeSlopeTable64f()
+{
+    std::array<AtanEntry<Zel64f>, atanSlopeSize64> table{};
+    for (unsigned i = 1; i + 1 < table.size(); i++) {
+        const Zel64u m = 16 + (i - 1) % 16;
+        const unsigned octave = (i - 1) / 16; // c = m * 2^(octave - 10)
+        table[i] = inTwoParts<Zel64f>(octave < 6 ? atanFraction(m, Zel64u{1} << (10 - octave)) / 4
+                                                 : quarterPi / 2 - atanFraction(16, m << (octave - 6)) / 4);
+    }
+    table.back() = inTwoParts<Zel64f>(quarterPi / 2);
     return table;
 }
 
@@ -83,23 +98,32 @@ constexpr AtanConstants32f atanConstants32f = {
 
 constexpr AtanConstants64f atanConstants64f = {
     .one = ownsAll(1.0),
+    .minusOne = ownsAll(-1.0),
     // (atan(t)/t - 1) / t^2 in t^2 for |t| < 0.0328, off by 2^-67 of a result of 1.
     .a0 = ownsAll(-0x1.5555555555469p-2),
     .a1 = ownsAll(0x1.999999963296bp-3),
     .a2 = ownsAll(-0x1.249227e46a6a6p-3),
     .a3 = ownsAll(0x1.c61351d69d31cp-4),
+    // The same for |t| < 1/63, off by 2^-57.7 of the result.
+    .b0 = ownsAll(-0x1.5555555553e6fp-2),
+    .b1 = ownsAll(0x1.9999988c1dea4p-3),
+    .b2 = ownsAll(-0x1.24761d4c96603p-3),
     .halfPi = ownsAll(0x1.921fb54442d18p0),
     .halfPiLow = ownsAll(0x1.1a62633145c07p-54),
     .pi = ownsAll(0x1.921fb54442d18p1),
     .piLow = ownsAll(0x1.1a62633145c07p-53),
+    .least = ownsAll(std::bit_cast<Zel64f>(atanSlopeLeast64)),
+    .most = ownsAll(std::bit_cast<Zel64f>(atanSlopeMost64)),
     .leadingBits = ownsAllOf(~Zel64u{0x7ffffff}),
     .gridHalf = ownsAllOf(Zel64u{1} << (atanGridShift64 - 1)),
     .gridBits = ownsAllOf(~Zel64u{0} << atanGridShift64),
     .gridStart = ownsAllOf(atanGridStart64),
 };
 
-constexpr std::array<AtanEntry32f, std::size_t{4} * (1 + atanGridSize32)> atanTable32f = makeAtanTable32f();
+constexpr std::array<AtanEntry<Zel32f>, std::size_t{4} * (1 + atanGridSize32)> atanTable32f =
+    makeAtanTable32f();
 constexpr std::array<Zel64f, 1 + atanGridSize64> atanTable64f = makeAtanTable64f();
+constexpr std::array<AtanEntry<Zel64f>, atanSlopeSize64> atanSlopeTable64f = makeSlopeTable64f();
 
 // Both parts are brought into the middle of the range: what becomes 0 there is too small to matter. An infinite
 // part against a finite one makes a quotient of 0, against another one of 1, and 0 against 0 makes 0. A NaN would

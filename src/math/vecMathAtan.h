@@ -30,13 +30,14 @@ inline constexpr Zel32u atanGridStart32 = (127u - 12) << 23; // 2^-12
 inline constexpr unsigned atanGridSize32 = 12 * 16 + 1;      // up to 1
 
 /// An angle in two parts.
-struct AtanEntry32f {
-    Zel32f high;
-    Zel32f low;
+template <class T>
+struct alignas(2 * sizeof(T)) AtanEntry {
+    T high;
+    T low;
 };
 /// For each way in which x and y may lie, in the order of 2 * (x < 0) + (|y| > |x|): the angle for c = 0, then
 /// those for the grid.
-extern const std::array<AtanEntry32f, std::size_t{4} * (1 + atanGridSize32)> atanTable32f;
+extern const std::array<AtanEntry<Zel32f>, std::size_t{4} * (1 + atanGridSize32)> atanTable32f;
 
 /// The angle of (x, y) from b = max(|x|, |y|), normal and neither very large nor very small, and
 /// a = min(|x|, |y|); `steep` where |y| > |x|. Of x and y the signs count alone.
@@ -72,7 +73,7 @@ extern const std::array<AtanEntry32f, std::size_t{4} * (1 + atanGridSize32)> ata
 }
 
 struct AtanConstants64f {
-    OwnsF2 one, a0, a1, a2, a3, halfPi, halfPiLow, pi, piLow;
+    OwnsF2 one, minusOne, a0, a1, a2, a3, b0, b1, b2, halfPi, halfPiLow, pi, piLow, least, most;
     OwnsU2 leadingBits, gridHalf, gridBits, gridStart;
 };
 extern const AtanConstants64f atanConstants64f;
@@ -83,6 +84,16 @@ inline constexpr unsigned atanGridSize64 = 27 * 16 + 1;
 
 /// atan(c) - c: 0 for c = 0, then the grid.
 extern const std::array<Zel64f, 1 + atanGridSize64> atanTable64f;
+
+// Of one argument: atan(m) = atan(c) + atan((m - c) / (1 + m c)), c the argument rounded to five bits, from 2^-6 to
+// 2^6; below that c = 0, and above atan(m) = pi/2 + atan(-1 / m). The second angle is below 1/63 everywhere.
+
+inline constexpr Zel64u atanSlopeLeast64 = ((1023ull - 6) << 52) - (Zel64u{1} << atanGridShift64);
+inline constexpr Zel64u atanSlopeMost64 = ((1023ull + 6) << 52) + (Zel64u{1} << atanGridShift64);
+inline constexpr unsigned atanSlopeSize64 = 1 + ((atanSlopeMost64 - atanSlopeLeast64) >> atanGridShift64);
+
+/// The angles of c = 0, of the grid, and pi/2.
+extern const std::array<AtanEntry<Zel64f>, atanSlopeSize64> atanSlopeTable64f;
 
 [[gnu::always_inline]] inline OwnsF2 atan2Core(OwnsF2 a, OwnsF2 b, OwnsF2 steep, OwnsF2 y, OwnsF2 x)
 {
@@ -139,12 +150,30 @@ extern const std::array<Zel64f, 1 + atanGridSize64> atanTable64f;
 
 [[gnu::always_inline]] inline OwnsF2 ownsAtan(OwnsF2 x)
 {
+    using namespace owns_detail;
+    const auto& k = atanConstants64f;
     const OwnsF2 m = ownsFromBits(ownsMagnitudeBits(x));
-    const OwnsF2 one = owns_detail::atanConstants64f.one;
-    constexpr Zel64u high = (1023ull + 900) << 52;
-    if (ownsAny(ownsAtLeast(ownsBits(m), high))) [[unlikely]]
-        return owns_detail::atan2Rare(x, one);
-    return owns_detail::atan2Core(_mm_min_pd(one, m), _mm_max_pd(one, m), _mm_cmpgt_pd(m, one), x, one);
+    // A NaN takes the last entry, and stays.
+    const OwnsF2 bounded = _mm_max_pd(_mm_min_pd(m, k.most), k.least);
+    const OwnsU2 rounded = (ownsBits(bounded) + k.gridHalf) & k.gridBits;
+    const OwnsPair64 at = ownsThroughMemory(rounded);
+    const auto entry = [](Zel64u step) {
+        return _mm_load_pd(&atanSlopeTable64f[(step - atanSlopeLeast64) >> atanGridShift64].high);
+    };
+    const OwnsF2 e0 = entry(at.first);
+    const OwnsF2 e1 = entry(at.second);
+    const OwnsF2 high = _mm_unpacklo_pd(e0, e1);
+    const OwnsF2 low = _mm_unpackhi_pd(e0, e1);
+
+    const OwnsU2 isLeast = ownsAs<Zel64u>(_mm_cmpeq_epi64(ownsInt(rounded), ownsInt(ownsBits(k.least))));
+    const OwnsU2 isMost = ownsAs<Zel64u>(_mm_cmpeq_epi64(ownsInt(rounded), ownsInt(ownsBits(k.most))));
+    const OwnsF2 c = ownsFromBits(rounded & ~isLeast);
+    const OwnsF2 numerator = ownsSelect(isMost, k.minusOne, m - c);
+    const OwnsF2 denominator = ownsSelect(isMost, m, k.one + m * c);
+    const OwnsF2 t = numerator / denominator;
+    const OwnsF2 z = t * t;
+    const OwnsF2 angle = high + (low + (t + (t * z) * (k.b0 + z * (k.b1 + z * k.b2))));
+    return ownsWithSign(angle, x);
 }
 
 /// The angle of (x, y) in [-pi, pi], for every pair; the standard's atan2.

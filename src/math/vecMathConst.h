@@ -126,12 +126,14 @@ constexpr Fraction atanhFraction(Fraction s)
     return sum;
 }
 
-/// atan(m / 2^k) for m / 2^k of at most 1 and 2k below 63, by Euler's series in c^2 / (1 + c^2).
-constexpr Fraction atanFraction(Zel64u m, int k)
+/// atan(y / x) for whole y <= x below 2^31, by Euler's series in c^2 / (1 + c^2), c = y / x.
+constexpr Fraction atanFraction(Zel64u y, Zel64u x)
 {
-    const Zel64u one = Zel64u{1} << (2 * k);
-    const Fraction ratio = fraction(m * m, one + m * m);
-    Fraction term = fraction(m << k, one + m * m);
+    const Zel64u square = x * x + y * y;
+    if (x == y)
+        return quarterPi;
+    const Fraction ratio = fraction(y * y, square);
+    Fraction term = fraction(x * y, square);
     Fraction sum = 0;
     for (unsigned n = 0; term != 0; n++) {
         sum += term;

@@ -20,10 +20,10 @@ constexpr SinCosConstants32f sinCosConstants32f = {
     .c2 = ownsAll(-0x1.6c07f0102b635p-10),
     .c3 = ownsAll(0x1.99164b738cd6ap-16),
     .near = ownsAll(0x1.45f306p-1f),
+    // pi/2 in parts of 13, 13 and 24 bits.
     .p0 = ownsAll(0x1.922p0f),
     .p1 = ownsAll(-0x1.2afp-18f),
-    .p2 = ownsAll(0x1.0b4p-34f),
-    .p3 = ownsAll(0x1.84698ap-48f),
+    .p2 = ownsAll(0x1.0b4612p-34f),
     .half = ownsAll(0.5f),
     .unit = ownsAll(1.0f),
     // (sin(r)/r - 1) / z, by which sines are off by 2^-29, and (cos(r) - 1 + z/2) / z^2, cosines by 2^-33.

@@ -17,26 +17,24 @@ namespace owns_detail OWNS_INTERNAL {
 
 struct SinCosConstants32f {
     OwnsF2 perHalfPi, halfPi, halfPiLow, rounder, one, s0, s1, s2, c0, c1, c2, c3;
-    OwnsF4 near, p0, p1, p2, p3, half, unit, n0, n1, n2, m0, m1, m2;
+    OwnsF4 near, p0, p1, p2, half, unit, n0, n1, n2, m0, m1, m2;
 };
 extern const SinCosConstants32f sinCosConstants32f;
 
-/// Where single precision alone is enough: magnitudes below 2^11.
-inline constexpr Zel32u sinCosNear32f = (127u + 11) << 23;
+/// Where single precision alone is enough: magnitudes below 2^9.
+inline constexpr Zel32u sinCosNear32f = (127u + 9) << 23;
 
-/// For such magnitudes; n is returned. The first three parts of pi/2 have at most 13 bits, so that their products
-/// with n < 2^11 are exact; the first difference is exact too, and the others in two parts. What is dropped is
-/// below 2^-61, and no float of that range lies within 2^-35 of a multiple of pi/2.
+/// For such magnitudes; n is returned. The products of n < 2^9 with the first two parts of pi/2 are exact, and so
+/// are the differences behind them, the second in two parts. The third product is off by less than 2^-48, and no
+/// float of that range but 0 lies within 2^-27 of a multiple of pi/2.
 [[gnu::always_inline]] inline OwnsU4 sinCosNear(OwnsF4 m, OwnsF4& sin, OwnsF4& cos)
 {
     const auto& k = sinCosConstants32f;
     const OwnsF4 n = _mm_round_ps(m * k.near, _MM_FROUND_TO_NEAREST_INT | _MM_FROUND_NO_EXC);
     const OwnsF4 first = m - n * k.p0;
     const OwnsF4 second = n * k.p1;
-    const OwnsF4 upper = first - second;
-    const OwnsF4 third = n * k.p2;
-    const OwnsF4 r = upper - third;
-    const OwnsF4 low = (((first - upper) - second) + ((upper - r) - third)) - n * k.p3;
+    const OwnsF4 r = first - second;
+    const OwnsF4 low = ((first - r) - second) - n * k.p2;
     const OwnsF4 z = r * r;
     sin = r + ((r * z) * (k.n0 + z * (k.n1 + z * k.n2)) + low);
     // What 1 - z/2 loses in rounding is put back.
@@ -72,12 +70,11 @@ template <class F, class U>
 [[gnu::always_inline]] inline void sinCosTurned(F s, F c, U n, F m, F x, F& sin, F& cos)
 {
     constexpr int top = 8 * sizeof(x[0]) - 1;
-    const U sign = ownsSignOf(x);
     const U odd = n << top;
+    const U back = n << (top - 1);
     const U zero = ownsAs<ownsUnsignedOf<F>>(m == F{});
-    sin = ownsFromBits((ownsBits(ownsSelect(odd, c, s)) & ~zero) ^
-                       (sign ^ ((n << (top - 1)) & ownsSignBit<F>)));
-    cos = ownsFromBits(ownsBits(ownsSelect(odd, s, c)) ^ (((n + 1) << (top - 1)) & ownsSignBit<F>));
+    sin = ownsFromBits((ownsBits(ownsSelect(odd, c, s)) & ~zero) ^ ((back ^ ownsBits(x)) & ownsSignBit<F>));
+    cos = ownsFromBits(ownsBits(ownsSelect(odd, s, c)) ^ ((back ^ odd) & ownsSignBit<F>));
 }
 
 struct SinCosConstants64f {

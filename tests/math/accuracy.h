@@ -55,13 +55,13 @@ inline constexpr Elementary<Zel32f, double> elementary32f[]{
     {"ln", [](OwnsF4 x) { return ownsLn(x); }, std::log, {1, 2}, 0, 100},
     {"cubrt", [](OwnsF4 x) { return ownsCubrt(x); }, std::cbrt, {0.51, 1.02}, -100, 100},
     {"atan", [](OwnsF4 x) { return ownsAtan(x); }, std::atan, {1, 2}, -10, 10},
-    {"sin", sineOf, std::sin, {0.99, 1.3}, -30, 30},
-    {"cos", cosineOf, std::cos, {0.99, 1.3}, -30, 30},
+    {"sin", sineOf, std::sin, {0.93, 1.3}, -30, 30},
+    {"cos", cosineOf, std::cos, {0.93, 1.3}, -30, 30},
 };
 inline constexpr Elementary<Zel64f, long double> elementary64f[]{
     {"exp", [](OwnsF2 x) { return ownsExp(x); }, std::exp, {0.78, 1.3}, -700, 700},
     {"ln", [](OwnsF2 x) { return ownsLn(x); }, std::log, {0.78, 1.3}, 0, 2},
-    {"atan", [](OwnsF2 x) { return ownsAtan(x); }, std::atan, {0.78, 1.3}, -10, 10},
+    {"atan", [](OwnsF2 x) { return ownsAtan(x); }, std::atan, {0.57, 1.3}, -10, 10},
     {"sin", sineOf, std::sin, {0.82, 1.35}, -30, 30},
     {"cos", cosineOf, std::cos, {0.82, 1.35}, -30, 30},
 };
