@@ -25,8 +25,8 @@ extern const SinCosConstants32f sinCosConstants32f;
 inline constexpr Zel32u sinCosNear32f = (127u + 9) << 23;
 
 /// For such magnitudes; n is returned. The products of n < 2^9 with the first two parts of pi/2 are exact, and so
-/// are the differences behind them, the second in two parts. The third product is off by less than 2^-48, and no
-/// float of that range but 0 lies within 2^-27 of a multiple of pi/2.
+/// are the differences behind them, the second in two parts. The third product is off by less than 2^-49, against
+/// distances of the floats from multiples of pi/2 down to 2^-28: what that does was tried for every float.
 [[gnu::always_inline]] inline OwnsU4 sinCosNear(OwnsF4 m, OwnsF4& sin, OwnsF4& cos)
 {
     const auto& k = sinCosConstants32f;
