@@ -73,8 +73,8 @@ template <int k, int order, class T>
 inline OwnsPairs<T> ownsTurnedBy(OwnsPairs<T> x)
 {
     constexpr auto re = static_cast<T>(ownsExactCosine(k, order));
-    constexpr auto im = static_cast<T>(ownsExactSine(k, order));
-    return x * re + ownsQuarterTurn(x) * im;
+    constexpr auto im = static_cast<T>(-ownsExactSine(k, order));
+    return ownsTimes(x, ownsSplat(re), ownsSplat(im));
 }
 
 /// The second half of a transform of 16: four of 4 across, with their constant twiddles. x[a] is a finished

@@ -53,6 +53,16 @@ inline OwnsPairs<Zel64f> ownsQuarterTurn(OwnsPairs<Zel64f> a)
     return {_mm_xor_pd(ownsSwapped(a.v), _mm_setr_pd(0.0, -0.0))};
 }
 
+/// The product of each value and re + i * im.
+inline OwnsPairs<Zel32f> ownsTimes(OwnsPairs<Zel32f> a, OwnsVec<Zel32f> re, OwnsVec<Zel32f> im)
+{
+    return {_mm_addsub_ps(a.v * re, ownsSwapped(a.v) * im)};
+}
+inline OwnsPairs<Zel64f> ownsTimes(OwnsPairs<Zel64f> a, OwnsVec<Zel64f> re, OwnsVec<Zel64f> im)
+{
+    return {_mm_addsub_pd(a.v * re, ownsSwapped(a.v) * im)};
+}
+
 /// a - i * b and a + i * b.
 template <class T>
 inline OwnsPairs<T> ownsMinusI(OwnsPairs<T> a, OwnsPairs<T> b)

@@ -13,6 +13,9 @@ void run(const T* pSrc, T* pDst, const OwnsFftPlan<T>& plan, int order, Zel8u* p
     const OwnsPairSource<T> src{pSrc};
     if (order <= ownsFftStraight)
         return ownsStraight<inverse, T>(order, src, OwnsPairSink<T, false, scaled>{pDst, plan.scale});
+    if constexpr (sizeof(T) == 8)
+        if (order == 6)
+            return ownsStraightColumns<6, inverse, T>(src, OwnsPairSink<T, false, scaled>{pDst, plan.scale});
     if (order >= OwnsFftTraits<T>::decomposed)
         return ownsFftCombine<inverse, scaled>(pSrc, pDst, plan, order, ownsRounded64(pBuffer));
     const OwnsPairSink<T, inverse, scaled> sink{pDst, plan.scale};

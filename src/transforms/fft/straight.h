@@ -1,7 +1,8 @@
-// Straight-line kernels of the orders 0 to 5: no tables, no work memory, every constant built in.
+// Straight-line kernels of the orders 0 to 5, and 6 by pairs: no tables, no work memory, every constant built in.
 //
 // A kernel reads all of its source before it writes, so that it may run in place. Orders 3 to 5 are one pass
-// of radix 4 over the columns of a matrix of four rows, and one butterfly across its results.
+// of radix 4 over the columns of a matrix of four rows, and one butterfly across its results, where values have to
+// be brought together; where a vector is one value, everything stays in pairs.
 #pragma once
 
 #include "transforms/fft/access.h"
@@ -117,6 +118,35 @@ template <bool inverse, class T, class Source, class Sink>
     });
 }
 
+/// Orders 5 and 6 by pairs, for sources where a vector is one value: transforms of 8 over the columns of a matrix of
+/// eight rows, then along its rows.
+template <int order, bool inverse, class T, class Source, class Sink>
+[[gnu::always_inline]] inline void ownsStraightColumns(Source src, Sink sink)
+{
+    constexpr int columns = 1 << (order - 3);
+    OwnsPairs<T> work[8][columns];
+    ownsEach<columns>([&](auto c) OWNS_INLINE {
+        OwnsPairs<T> x[8];
+        ownsEach<8>([&](auto d) OWNS_INLINE { src.load(ownsReversed(d, 3) * columns + c, x[d]); });
+        ownsButterfly(x);
+        ownsEach<8>([&](auto k) OWNS_INLINE {
+            const OwnsPairs<T> y = x[ownsOutput<inverse>(k, 8)];
+            constexpr int e = inverse ? -c * k : c * k;
+            if constexpr (e == 0)
+                work[k][c] = y;
+            else
+                work[k][c] = ownsTurnedBy<e, order>(y);
+        });
+    });
+    ownsEach<8>([&](auto k) OWNS_INLINE {
+        OwnsPairs<T> y[columns];
+        ownsEach<columns>([&](auto d) OWNS_INLINE { y[d] = work[k][ownsReversed(d, order - 3)]; });
+        ownsButterfly(y);
+        ownsEach<columns>(
+            [&](auto j) OWNS_INLINE { sink.storePairs(k + 8 * j, y[ownsOutput<inverse>(j, columns)]); });
+    });
+}
+
 /// Order 3 from two arrays in 32f: sums and differences of the halves of the source, the differences turned, are two
 /// transforms of 4, whose values lie in turn from there on, as their results do in the end.
 template <class Source, class Sink>
@@ -173,7 +203,10 @@ template <bool inverse, class T, class Source, class Sink>
             ownsStraightMatrix<4, inverse, T>(src, sink);
         break;
     default:
-        ownsStraightMatrix<5, inverse, T>(src, sink);
+        if constexpr (Source::Values::values == 1)
+            ownsStraightColumns<5, inverse, T>(src, sink);
+        else
+            ownsStraightMatrix<5, inverse, T>(src, sink);
         break;
     }
 }
