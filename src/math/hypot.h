@@ -68,7 +68,8 @@ inline OwnsF2 ownsHypot(OwnsF2 x, OwnsF2 y)
     if (ownsSquaresFit(larger)) [[likely]]
         return ownsHypotInRange(absX, absY);
     const OwnsRangeScale scale(larger);
-    const OwnsF2 length = ownsHypotInRange(absX * scale.in, absY * scale.in) * scale.out;
+    // Without sign, since in the rounding mode downward the length of (0, 0) comes out as -0.
+    const OwnsF2 length = ownsAbs(ownsHypotInRange(absX * scale.in, absY * scale.in)) * scale.out;
     return ownsSelect(ownsIsInfinite(absX, absY), _mm_set1_pd(std::numeric_limits<Zel64f>::infinity()),
                       length);
 }

@@ -69,7 +69,8 @@ inline Parts principalRootOf(OwnsF2 x, OwnsF2 y)
         return principalRoot(x, y, _mm_sqrt_pd((absX + ownsHypotInRange(absX, absY)) * 0.5));
     const OwnsRangeScale scale(larger);
     const OwnsF2 inX = absX * scale.in;
-    const OwnsF2 root = _mm_sqrt_pd((inX + ownsHypotInRange(inX, absY * scale.in)) * 0.5);
+    // The length of (0, 0) is -0 in the rounding mode downward.
+    const OwnsF2 root = _mm_sqrt_pd((inX + ownsAbs(ownsHypotInRange(inX, absY * scale.in))) * 0.5);
     return principalRoot(x, y, root * scale.outOfRoot);
 }
 

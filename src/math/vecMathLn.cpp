@@ -55,12 +55,12 @@ constexpr LnConstants32f lnConstants32f = {
 };
 
 constexpr LnConstants64f lnConstants64f = {
-    // (ln(1 + r) - r) / r^2 for |r| < 0.0028, off by 2^-67.4 of 1.
-    .a0 = ownsAll(-0x1p-1),
+    // (-ln(1 - r) - r) / r^2 for |r| < 0.0028, off by 2^-67.4 of 1.
+    .a0 = ownsAll(0x1p-1),
     .a1 = ownsAll(0x1.55555555416b2p-2),
-    .a2 = ownsAll(-0x1.fffffffff1bd5p-3),
+    .a2 = ownsAll(0x1.fffffffff1bd5p-3),
     .a3 = ownsAll(0x1.999a7996095c0p-3),
-    .a4 = ownsAll(-0x1.5555dedca3775p-3),
+    .a4 = ownsAll(0x1.5555dedca3775p-3),
     // ln(2) / 2^20 in two parts; the first is a multiple of 2^-62, so that k times it and an entry's first part
     // make an exact sum.
     .ln2High = ownsAll(0x1.62e42fefa38p-21),

@@ -31,12 +31,13 @@ extern const LnConstants32f lnConstants32f;
     const OwnsU4 fromRoot = bits - 0x3f3504f3u;
     const OwnsU4 k23 = fromRoot & 0xff800000u;
     const OwnsF4 k = _mm_cvtepi32_ps(ownsInt(k23 - raised));
-    const OwnsF4 f = ownsFromBits(bits - k23) - c.one;
-    // ln(1 + f) = f - s (f - R(s^2)), s = f / (2 + f): f, which is exact, is added last but one.
-    const OwnsF4 s = f / (c.two + f);
+    // With g = 1 - m, m = 1 + f, instead of f = m - 1, ln(1) is 0 and not -0 in the rounding mode downward too.
+    const OwnsF4 g = c.one - ownsFromBits(bits - k23);
+    // ln(1 + f) = f - s (f - R(s^2)), s = f / (2 + f): f, which is exact, is added last but one. Here with -f and -s.
+    const OwnsF4 s = g / (c.two - g);
     const OwnsF4 z = s * s;
     const OwnsF4 r = z * (c.r0 + z * (c.r1 + z * c.r2));
-    return k * c.ln2High + (f - (s * (f - r) - k * c.ln2Low));
+    return k * c.ln2High - (g + (s * (g + r) - k * c.ln2Low));
 }
 
 struct LnConstants64f {
@@ -84,17 +85,18 @@ inline constexpr Zel64u lnTableStart = 0x3fe6980000000000u;
 
     const OwnsF2 center = _mm_shuffle_pd(f0, f1, 3);
 
-    // m * inverse = 1 + r but for what is in `low`. The difference is exact, and so is the product as long as it is
-    // below 2^-9, in the intervals around 1: further away what it is off by does not show.
-    const OwnsF2 r = (m - center) * inverse;
+    // m * inverse = 1 - r but for what is in `low`. The difference is exact, and so is the product as long as it is
+    // below 2^-9, in the intervals around 1: further away what it is off by does not show. The signs are such that
+    // ln(1) is 0 and not -0 in the rounding mode downward too.
+    const OwnsF2 r = (center - m) * inverse;
     const OwnsF2 r2 = r * r;
     const OwnsF2 tail = (c.a0 + r * c.a1) + r2 * ((c.a2 + r * c.a3) + r2 * c.a4);
     // k ln(2) - ln(inverse) is exact in its first part, and either 0 or more than r, so that `left` is all that the
-    // sum leaves.
+    // difference leaves.
     const OwnsF2 base = k * c.ln2High + high;
-    const OwnsF2 sum = base + r;
-    const OwnsF2 left = (base - sum) + r;
-    return sum + (left + ((k * c.ln2Low + low) + r2 * tail));
+    const OwnsF2 difference = base - r;
+    const OwnsF2 left = (difference - base) + r;
+    return difference - (left + (r2 * tail - (k * c.ln2Low + low)));
 }
 
 } // namespace OWNS_INTERNAL

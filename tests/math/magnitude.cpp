@@ -98,6 +98,14 @@ TEST(Magnitude, ofDoublesAsHypot)
             EXPECT_EQ(found[0], 5);
             EXPECT_LE(ulpError(found[1], static_cast<long double>(std::hypot(a, b))), 1) << a << ", " << b;
         }
+    for (const unsigned mode : roundingModes) {
+        const FloatMode callers(mode);
+        const Zel64fc zeros[]{{0.0, 0.0}, {-0.0, 0.0}, {0.0, -0.0}};
+        Zel64f found[3]{-1, -1, -1};
+        zelsMagnitude_64fc(zeros, found, 3);
+        for (const Zel64f length : found)
+            EXPECT_TRUE(length == 0 && !std::signbit(length)) << modeName(mode);
+    }
 }
 
 TEST(Magnitude, all16BitPartsByEveryFactor)

@@ -131,6 +131,11 @@ TEST(Sqrt, specialComplexValues)
             const Zel64fc z{re, im};
             const Zel64fc both[]{{3, 4}, z};
             Zel64fc found[2];
+            for (const unsigned mode : roundingModes) {
+                const FloatMode callers(mode);
+                ASSERT_EQ(zelsSqrt_64fc(both, found, 2), zelStatusOk);
+                EXPECT_TRUE(found[1].re != 0 || !std::signbit(found[1].re)) << modeName(mode);
+            }
             ASSERT_EQ(zelsSqrt_64fc(both, found, 2), zelStatusOk);
             const std::complex<double> expected = std::sqrt(std::complex<double>(re, im));
             const auto same = [](double a, double b) {

@@ -162,6 +162,7 @@ TYPED_TEST(VecMath, takesSpecialValuesInEveryLane)
                        Limits::min(),
                        Limits::max(),
                        Limits::lowest(),
+                       T(1),
                        T(-1),
                        T(1e30)};
     for (const auto& function : elementaries<T>)
