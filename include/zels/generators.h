@@ -21,9 +21,10 @@ extern "C" {
  * the next call goes on without a seam. 16-bit samples are rounded to nearest, ties away from zero.
  *
  *  All is computed in double precision by the recurrence `x[n + s] = 2 cos(s w) x[n] - x[n - s]` in differences. No
- * correction is made: the error of sample n is below `2^-53 (8 + n) magn`. With #zelHintFast the recurrence begins anew
- * every 1,024 samples from the phase that belongs there, so that the error does not grow beyond that of 1,024 samples. The
- * phase is carried over in the type of its variable: in single precision a seam shifts the tone by up to 2.4e-7.
+ * correction is made: rounding to nearest, the error of sample n is below `2^-53 (8 + n) magn`. With #zelHintFast the
+ * recurrence begins anew every 1,024 samples from the phase that belongs there, so that the error does not grow beyond
+ * that of 1,024 samples. The phase is carried over in the type of its variable: in single precision a seam shifts the
+ * tone by up to 2.4e-7.
  *  @param pDst destination
  *  @param len length in samples
  *  @param magn magnitude, above 0
@@ -58,7 +59,7 @@ ZELS_API ZelStatus zelsTone_64fc(Zel64fc* pDst, int len, Zel64f magn, Zel64f rFr
  * nearest, ties to even, and saturated. Source and destination may be the same array.
  *
  *  Windows of cosines are polynomials in `1 - cos(2 pi n / (N - 1))`, which a recurrence gives from the ends on, where
- * small values keep their digits. The error of a window value is below
+ * small values keep their digits. Rounding to nearest, the error of a window value is below
  *
  *  | Window | 2^-53 times |
  *  |---|---|

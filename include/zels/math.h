@@ -173,8 +173,9 @@ ZELS_API ZelStatus zelsLn_32s_ISfs(Zel32s* pSrcDst, int len, int scaleFactor);
  *  `sqrt(re^2 + im^2)`, from two vectors of parts or from complex elements.
  *
  *  Results in `32f` are made by one Newton step from the processor's estimate of the reciprocal root of the
- * sum of squares in single precision: within 5 units in the last place, not necessarily exact even for (3, 4),
- * and NaN where the sum overflows. A sum below the normal numbers has its true root. The forms of 16-bit
+ * sum of squares in single precision: within 5 units in the last place of the root of that sum and 6 of the exact
+ * magnitude, rounding to nearest; not necessarily exact even for (3, 4), and NaN where the sum overflows to infinity. A
+ * sum below the normal numbers has its true root. The forms of 16-bit
  * sources start from the exact sum of squares, rounded once. Results in `64f` are those of `hypot`: no undue
  * overflow, an infinity wins over a NaN, the error below 0.86 units in the last place, rounding to nearest.
  *
@@ -280,8 +281,9 @@ ZELS_API ZelStatus zelsCartToPolar_16sc_Sfs(const Zel16sc* pSrc, Zel16s* pDstMag
  * is rounded once more. In the split forms the destinations
  * may be the sources.
  *
- *  The scaled form takes `magn * 2^-magnScaleFactor` and `phase * 2^-phaseScaleFactor` for magnitude and phase,
- * rounds the exact parts to nearest in every rounding mode, and saturates them.
+ *  The scaled form takes `magn * 2^-magnScaleFactor` and `phase * 2^-phaseScaleFactor` for magnitude and phase (factors
+ * beyond 1000 either way count as 1000), rounds the parts to nearest in every rounding mode, and saturates them. A part
+ * that comes within 2^-36 of a tie may be rounded to either side.
  *  @param pSrcMagn magnitudes
  *  @param pSrcPhase phases
  *  @param pDstRe real parts

@@ -33,8 +33,9 @@ extern "C" {
  *      zelsFFTFwd_CToC_32fc(pSrc, pDst, pPlan, pBuffer);
  *
  *  Source and destination may be the same array, and then give the same bits as separate arrays; they must
- *  not overlap otherwise. On random data the error of a transform, in the mean square and relative to the result, is
- *  below `0.34 * epsilon * sqrt(order + 4)`. Infinities and NaN spread through the sums by ordinary arithmetic.
+ *  not overlap otherwise. On random data the error of a transform, rounding to nearest, in the mean
+ *  square and relative to the result, is below `0.34 * epsilon * sqrt(order + 4)`. Infinities and NaN spread through the
+ *  sums by ordinary arithmetic.
  *
  *  Decimation in time after J. W. Cooley and J. W. Tukey, "An algorithm for the machine calculation of
  * complex Fourier series", Math. Comp. 19 (1965), with radix 8 and 4 after G. D. Bergland, "A fast Fourier
@@ -59,8 +60,8 @@ typedef struct ZelsFftPlan_R_64f ZelsFftPlan_R_64f;   /**< plan of real #Zel64f 
 
 /** @name FFTGetSize
  *  The bytes of the three buffers of a plan. Orders go from 0 to 28 (`C_32fc`, `C_32f`), 29 (`R_32f`), 27
- * (`C_64fc`, `C_64f`) and 28 (`R_64f`). Neither flag nor hint enters the sizes. The work buffer stays near
- * 128 KiB from order 18 on.
+ * (`C_64fc`, `C_64f`) and 28 (`R_64f`). Neither flag nor hint enters the sizes. The work buffer never takes
+ * more than 1 MiB and 64 bytes, however long the transform.
  *  @param order order of the transform: its length is 2^order
  *  @param flag one of #zelFftScaleFwd, #zelFftScaleInv, #zelFftScaleSqrt, #zelFftScaleNone
  *  @param hint not used
@@ -69,7 +70,7 @@ typedef struct ZelsFftPlan_R_64f ZelsFftPlan_R_64f;   /**< plan of real #Zel64f 
  *  @param pWorkSize receives the bytes of the work buffer of a run call
  *  @return #zelErrFftOrder for an order above 30 or below 0 (tested first, on purpose), else #zelErrNullPtr for a null
  * pointer, else #zelErrFftFlag for another flag, else #zelErrFftOrder for an order that the plan does not
- * reach or below 0, else #zelStatusOk
+ * reach, else #zelStatusOk
  *  @{
  */
 ZELS_API ZelStatus zelsFFTGetSize_C_32fc(int order, int flag, ZelHintAlgorithm hint, int* pPlanSize,
@@ -160,11 +161,11 @@ ZELS_API ZelStatus zelsFFTInv_CToC_64f_I(Zel64f* pSrcDstRe, Zel64f* pSrcDstIm, c
  *  Forward transforms of real signals of length N. The spectrum X[k] = R(k) + i I(k) is conjugate-symmetric;
  * its first half is stored in one of three layouts:
  *
- *  | Layout | N even | N odd (spectra of other families) | Elements |
+ *  | Layout | Elements | N even | N odd (spectra of other families) |
  *  |---|---|---|---|
- *  | CCS | R0, 0, R1, I1, ..., R(N/2-1), I(N/2-1), R(N/2), 0 | R0, 0, R1, I1, ..., R((N-1)/2), I((N-1)/2) | N
- * + 2, N + 1 | | Pack | R0, R1, I1, ..., R(N/2-1), I(N/2-1), R(N/2) | R0, R1, I1, ..., R((N-1)/2), I((N-1)/2)
- * | N | | Perm | R0, R(N/2), R1, I1, ..., R(N/2-1), I(N/2-1) | as Pack | N |
+ *  | CCS | N + 2, N + 1 | R0, 0, R1, I1, ..., R(N/2), 0 | R0, 0, R1, I1, ..., R((N-1)/2), I((N-1)/2) |
+ *  | Pack | N | R0, R1, I1, ..., R(N/2-1), I(N/2-1), R(N/2) | R0, R1, I1, ..., R((N-1)/2), I((N-1)/2) |
+ *  | Perm | N | R0, R(N/2), R1, I1, ..., R(N/2-1), I(N/2-1) | as Pack |
  *
  *  Perm is what the transform produces; the others cost a move. In place, CCS writes two elements more than
  * it reads (order 0: one). At order 0 CCS is R0, 0 and the others are R0.
