@@ -177,7 +177,8 @@ ZELS_API ZelStatus zelsLn_32s_ISfs(Zel32s* pSrcDst, int len, int scaleFactor);
  * magnitude, rounding to nearest; not necessarily exact even for (3, 4), and NaN where the sum overflows to infinity. A
  * sum below the normal numbers has its true root. The forms of 16-bit
  * sources start from the exact sum of squares, rounded once. Results in `64f` are those of `hypot`: no undue
- * overflow, an infinity wins over a NaN, the error below 0.86 units in the last place, rounding to nearest.
+ * overflow, an infinity wins over a NaN, the error below 0.86 units in the last place
+ * (0.93 below the normal numbers), rounding to nearest.
  *
  *  The scaled forms of 16-bit sources round the exact value, but 0 is the result of every scale factor above
  * 15; one below -14 gives 32767 for each element but 0. zelsMagnitude_32sc_Sfs computes in double precision
@@ -309,7 +310,7 @@ ZELS_API ZelStatus zelsPolarToCart_16sc_Sfs(const Zel16s* pSrcMagn, const Zel16s
 
 /** @name Power
  *  `re^2 + im^2`, from two vectors of parts or from complex elements. Float products and sums are rounded one
- * by one. Integer sums are exact; in `32f` they are rounded once, by the caller's mode.
+ * by one, which is within 1.25 units in the last place, rounding to nearest. Integer sums are exact; in `32f` they are rounded once, by the caller's mode.
  *  @param pSrcRe real parts
  *  @param pSrcIm imaginary parts
  *  @param pSrc source

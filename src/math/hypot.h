@@ -1,4 +1,5 @@
-// sqrt(x^2 + y^2) in double precision without undue overflow, within 0.86 units of the last place.
+// sqrt(x^2 + y^2) in double precision without undue overflow, within 0.86 units of the last place, or
+// 0.93 where the result is below the normal numbers.
 #pragma once
 
 #include "math/vecMathTypes.h"

@@ -1,17 +1,12 @@
 // Writes the tables of docs/accuracy.md: the largest errors of the vector mathematics beside those of the system's
-// functions. `accuracy STEP` takes every STEP-th float: with 1 all of them, which
-// lasts minutes for each function; `accuracy STEP 32f exp` gives one row alone.
-#include "math/accuracy.h"
-#include "support/compare.h"
-#include "support/random.h"
+// functions. `accuracy STEP` takes every STEP-th float: with 1 all of them, which lasts minutes for each function;
+// `accuracy STEP 32f exp` or `accuracy STEP 64f Phase` gives one row alone.
+#include "contest.h"
 
-#include <algorithm>
 #include <bit>
-#include <cstdio>
 #include <cstdlib>
 #include <cstring>
 #include <sleef.h>
-#include <string>
 
 extern "C" {
 __m128 _ZGVbN4v_expf(__m128);
@@ -28,8 +23,6 @@ __m128d _ZGVbN2v_cos(__m128d);
 }
 
 namespace {
-
-using support::ulpError;
 
 /// The peers of a function: the system's scalar one, its vector one, SLEEF's of the class of 1 unit.
 template <class T>
@@ -60,43 +53,11 @@ constexpr Peers<Zel64f> peers64f[]{
     {"cos", std::cos, vector<_ZGVbN2v_cos>, vector<Sleef_cosd2_u10sse4>},
 };
 
-template <class T>
-struct Worst {
-    long double error = 0;
-    T at = 0;
-
-    template <class Exact>
-    void take(T argument, T result, Exact exact)
-    {
-        constexpr auto unit = std::numeric_limits<T>::epsilon() / 2;
-        if (std::fabs(static_cast<Exact>(result) - exact) <=
-            static_cast<Exact>(error) * unit * std::fabs(exact))
-            return;
-        // Where the result is to be infinite or no number, anything else is wrong altogether.
-        const long double found = ulpError<T>(result, exact);
-        if (found > error) {
-            error = found;
-            at = argument;
-        }
-    }
-};
-
-template <class T>
-std::string text(const Worst<T>& worst)
-{
-    char cell[80];
-    if (worst.error > 1000)
-        std::snprintf(cell, sizeof cell, "more than 1000 (%.9g)", static_cast<double>(worst.at));
-    else
-        std::snprintf(cell, sizeof cell, "%.3Lf", worst.error);
-    return cell;
-}
-
 /// All four contestants on the vectors that `next` gives until it returns false.
 template <class T, class Function, class Next>
 void row(const Function& function, const Peers<T>& peers, Next next)
 {
-    Worst<T> zels, scalar, system, sleef;
+    Worst<T, T> zels, scalar, system, sleef;
     for (OwnsVec<T> x; next(x);) {
         const OwnsVec<T> ours = function.kernel(x);
         const OwnsVec<T> theirs = peers.system(x);
@@ -110,9 +71,15 @@ void row(const Function& function, const Peers<T>& peers, Next next)
             sleef.take(argument, others[lane], exact);
         }
     }
-    std::printf("| %s | %g | %s (%.9g) | %s | %s | %s |\n", function.name, function.bound.nearest,
-                text(zels).c_str(), static_cast<double>(zels.at), text(scalar).c_str(), text(system).c_str(),
-                text(sleef).c_str());
+    const auto text = [](T at) {
+        char argument[40];
+        std::snprintf(argument, sizeof argument, "(%.9g)", static_cast<double>(at));
+        return std::string(argument);
+    };
+    const auto cell = [&](const auto& worst) { return cellOf(worst, text(worst.at)); };
+    std::printf("| %s | %g | %s %s | %s | %s | %s |\n", function.name, function.bound.nearest,
+                cellOf(zels, "").c_str(), text(zels.at).c_str(), cell(scalar).c_str(), cell(system).c_str(),
+                cell(sleef).c_str());
     std::fflush(stdout);
 }
 
@@ -152,9 +119,15 @@ void row64f(const char* name)
         }
 }
 
-constexpr const char* columns =
-    "| Function | Promised | zels, and where | glibc | glibc vector | SLEEF u10 |\n"
-    "|---|---|---|---|---|---|\n";
+/// A heading, what the arguments are, and the head of the table.
+void table(const char* heading, const char* arguments)
+{
+    std::printf("\n## %s\n\n%s"
+                "| Function | Promised | zels, and where | glibc | glibc vector | SLEEF |\n"
+                "|---|---|---|---|---|---|\n",
+                heading, arguments);
+    std::fflush(stdout);
+}
 
 } // namespace
 
@@ -162,32 +135,42 @@ int main(int argc, char** argv)
 {
     const unsigned step = argc > 1 ? static_cast<unsigned>(std::max(1, std::atoi(argv[1]))) : 1;
     if (argc == 4) {
-        std::strcmp(argv[2], "32f") == 0 ? row32f(step, argv[3]) : row64f(argv[3]);
+        const bool isSingle = std::strcmp(argv[2], "32f") == 0;
+        isSingle ? row32f(step, argv[3]) : row64f(argv[3]);
+        isSingle ? pairRows32f(argv[3]) : pairRows64f(argv[3]);
         return 0;
     }
+    std::printf(R"(# Accuracy of the vector mathematics
+
+Written by `./dev accuracy [STEP]`. Errors are in units of the last place of the exact result, in the rounding mode
+to nearest, against a reference of more precision. "Promised" is the bound that the tests hold the functions to; in
+the other rounding modes it is the greater of 2 and twice that. The vector functions beside them are those of 128
+bits, SLEEF's of its class of 1 unit, for lengths of half a unit.
+
+Special values (zeros of both signs, infinities, NaN, subnormal numbers) count: a result that should be infinite or
+a NaN and is not is shown as "more than 1000", with its argument.
+)");
     const std::string which = step == 1 ? "all" : "every " + std::to_string(step) + "th of the";
-    std::printf(
-        "# Accuracy of the vector mathematics\n\n"
-        "Written by `./dev accuracy [STEP]`. Errors are in units of the last place of the exact result, in "
-        "the rounding\n"
-        "mode to nearest, against a reference of more precision. \"Promised\" is the bound that the "
-        "tests hold the\n"
-        "functions to; in the other rounding modes it is at most 2. The vector functions beside them "
-        "are those of\n"
-        "128 bits.\n\n"
-        "## Single precision: %s 2^32 arguments\n\n%s",
-        which.c_str(), columns);
-    std::fflush(stdout);
+    table(("Single precision: " + which + " 2^32 arguments").c_str(), "");
     row32f(step, nullptr);
-    std::printf(
-        "\n## Double precision: 40 million arguments\n\n"
-        "Any bit pattern, the usual range, close to 1 and close to multiples of pi/2, in equal parts.\n\n%s",
-        columns);
+    table("Double precision: 40 million arguments",
+          "Any bit pattern, the usual range, close to 1 and close to multiples of pi/2, in equal parts.\n\n");
     row64f(nullptr);
-    std::printf("\nSpecial values (zeros of both signs, infinities, NaN, subnormal numbers) count: a result "
-                "that should be\n"
-                "infinite or a NaN and is not is shown as \"more than 1000\", with its argument. The angles "
-                "of two arguments\n"
-                "are within 1 unit in both precisions, `hypot` in double precision within 0.86.\n");
+    table("Single precision: 40 million pairs of arguments",
+          "Any bit patterns and special values, the unit circle, close to diagonals and axes, of like size, "
+          "around "
+          "the\n"
+          "subnormal numbers, the usual range, close to multiples of pi/2, in equal parts. Of two results "
+          "the worse "
+          "counts.\n\n");
+    pairRows32f(nullptr);
+    table("Double precision: 40 million pairs of arguments", "");
+    pairRows64f(nullptr);
+    std::printf(R"(
+Magnitudes in single precision are by contract one Newton step from the processor's estimate of a reciprocal root,
+and a NaN where the sum of squares overflows: their row is of parts whose squares fit. Square roots of real numbers
+are correctly rounded. Squares, powers and normalised values are made of single operations in a documented order,
+and tested to the bit.
+)");
     return 0;
 }

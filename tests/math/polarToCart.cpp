@@ -21,14 +21,8 @@ constexpr auto fixedCartesian = [](Zel16s magn, Zel16s phase, int magnScaleFacto
     return Zel16sc{roundedTo16(re), roundedTo16(im)};
 };
 
-/// A unit of sine and cosine may be two of a product, and that is rounded once more.
-constexpr ErrorBound boundOfProduct(auto type)
-{
-    const ErrorBound factor = boundOf("sin", type);
-    return {2 * factor.nearest + 0.5, 2 * factor.directed + 1};
-}
-constexpr ErrorBound bound32 = boundOfProduct(Zel32f{});
-constexpr ErrorBound bound64 = boundOfProduct(Zel64f{});
+constexpr ErrorBound bound32 = boundOf("PolarToCart", Zel32f{});
+constexpr ErrorBound bound64 = boundOf("PolarToCart", Zel64f{});
 
 /// Every phase, and magnitudes that vary.
 void checkPhases(const std::vector<Zel16s>& magnitudes, int magnScaleFactor, int phaseScaleFactor)

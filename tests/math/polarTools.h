@@ -13,9 +13,6 @@ void sweepFloats(const Model& model, const Exports<F...>& exports, ErrorBound bo
           {.lengths = {1000}, .ulps = bound.directed, .modes = Modes::rounding, .fills = tameFills});
 }
 
-inline constexpr ErrorBound boundOfPhase32{0.83, 2};
-inline constexpr ErrorBound boundOfPhase64{0.79, 2};
-
 constexpr auto angleOf = [](auto re, auto im) {
     return std::atan2(static_cast<long double>(im), static_cast<long double>(re));
 };

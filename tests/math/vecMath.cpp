@@ -1,6 +1,7 @@
 // The kernels of vector mathematics: errors over the whole range, special values, lanes that must not disturb each
 // other.
 #include "math/accuracy.h"
+#include "math/pairs.h"
 #include "support/test.h"
 
 #include <cstring>
@@ -119,6 +120,30 @@ TYPED_TEST(VecMath, staysWithinItsBoundsInEveryMode)
                 expectWithin(function,
                              onList(function, telling(random, function.low, function.high, 5000), mode),
                              mode);
+        }
+}
+
+/// The exports of two arguments, on pairs of every kind.
+TYPED_TEST(VecMath, staysWithinItsBoundsOnPairs)
+{
+    using T = TypeParam;
+    constexpr int count = Pairs<T>::count;
+    Pairs<T> pairs;
+    T first[count], second[count];
+    for (const auto& function : pairFunctions<T>)
+        for (int round = 0; round < 100; round++) {
+            pairs.next();
+            function.zels(pairs.x, pairs.y, first, second, count);
+            for (int i = 0; i < count; i++) {
+                const T x = pairs.x[i], y = pairs.y[i];
+                if (function.bounded && !function.bounded(x, y))
+                    continue;
+                const auto exact = function.exact(x, y);
+                ASSERT_LE(ulpError<T>(first[i], exact.first), function.bound.nearest)
+                    << function.name << " of " << x << ", " << y;
+                ASSERT_LE(ulpError<T>(second[i], exact.second), function.bound.nearest)
+                    << function.name << " of " << x << ", " << y;
+            }
         }
 }
 
