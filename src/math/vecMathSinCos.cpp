@@ -120,17 +120,14 @@ Reduced reducedFar(Zel64u m)
     return {negative ? -high : high, negative ? -low : low, static_cast<Zel64u>(n)};
 }
 
-/// The same for every magnitude.
+/// The same for every finite magnitude.
 SinCosReduced reducedAny(OwnsF2 m)
 {
     constexpr Zel64u far = (1023ull + 15) << 52;
-    constexpr Zel64u infinity = 0x7ff0000000000000u;
     SinCosReduced result = sinCosReduced(ownsFromBits(ownsBits(m) & (ownsBits(m) < far)));
     for (int lane = 0; lane < 2; lane++) {
         const Zel64u bits = ownsBits(m)[lane];
-        if (bits >= infinity) {
-            result.high[lane] = m[lane] - m[lane];
-        } else if (bits >= far) {
+        if (bits >= far) {
             const Reduced reduced = reducedFar(bits);
             result.high[lane] = reduced.high;
             result.low[lane] = reduced.low;
@@ -140,11 +137,9 @@ SinCosReduced reducedAny(OwnsF2 m)
     return result;
 }
 
-} // namespace
-
-void sinCosRare(OwnsF4 x, OwnsF4& sin, OwnsF4& cos)
+/// Sines and cosines of far magnitudes to the accuracy of single precision; n is returned.
+OwnsU4 sinCosFar(OwnsF4 m, OwnsF4& sin, OwnsF4& cos)
 {
-    const OwnsF4 m = ownsFromBits(ownsMagnitudeBits(x));
     const OwnsF2 m01 = _mm_cvtps_pd(m);
     const OwnsF2 m23 = _mm_cvtps_pd(_mm_movehl_ps(m, m));
     OwnsF2 s01, c01, s23, c23;
@@ -160,21 +155,46 @@ void sinCosRare(OwnsF4 x, OwnsF4& sin, OwnsF4& cos)
         n01 = first.n;
         n23 = second.n;
     }
+    sin = ownsNarrowed(s01, s23);
+    cos = ownsNarrowed(c01, c23);
+    return ownsLowHalves(n01, n23);
+}
+
+// Lanes without a finite argument are computed as 0 and made NaN in the end, since they shall cost little.
+
+} // namespace
+
+void sinCosRare(OwnsF4 x, OwnsF4& sin, OwnsF4& cos)
+{
+    const OwnsU4 bits = ownsMagnitudeBits(x);
+    const auto unbounded = ownsAs<Zel32u>(_mm_cmpgt_epi32(ownsInt(bits), _mm_set1_epi32(0x7f7fffff)));
+    const OwnsU4 m = bits & ~unbounded;
     // Lanes that are not rare have the results that they have among their like.
-    const OwnsU4 isFar = ownsAs<Zel32u>(ownsBits(m) >= sinCosNear32f);
+    const auto isFar = ownsAs<Zel32u>(_mm_cmpgt_epi32(ownsInt(m), _mm_set1_epi32(sinCosNear32f - 1)));
     OwnsF4 s, c;
-    const OwnsU4 n = sinCosNear(ownsFromBits(ownsBits(m) & ~isFar), s, c);
-    sinCosTurned(ownsSelect(isFar, ownsNarrowed(s01, s23), s), ownsSelect(isFar, ownsNarrowed(c01, c23), c),
-                 (ownsLowHalves(n01, n23) & isFar) | (n & ~isFar), m, x, sin, cos);
+    OwnsU4 n = sinCosNear(ownsFromBits(m & ~isFar), s, c);
+    if (ownsAny(isFar)) {
+        OwnsF4 sFar, cFar;
+        const OwnsU4 nFar = sinCosFar(ownsFromBits(m), sFar, cFar);
+        s = ownsSelect(isFar, sFar, s);
+        c = ownsSelect(isFar, cFar, c);
+        n = (nFar & isFar) | (n & ~isFar);
+    }
+    sinCosTurned(s, c, n, ownsFromBits(m), x, sin, cos);
+    sin = ownsSelect(unbounded, x - x, sin);
+    cos = ownsSelect(unbounded, x - x, cos);
 }
 
 void sinCosRare(OwnsF2 x, OwnsF2& sin, OwnsF2& cos)
 {
-    const OwnsF2 m = ownsFromBits(ownsMagnitudeBits(x));
+    const OwnsF2 unbounded = _mm_cmpnlt_pd(ownsFromBits(ownsMagnitudeBits(x)), _mm_set1_pd(__builtin_inf()));
+    const OwnsF2 m = ownsFromBits(ownsMagnitudeBits(x) & ~ownsBits(unbounded));
     const SinCosReduced reduced = reducedAny(m);
     OwnsF2 s, c;
     sinCosPoly64f(reduced.high, reduced.low, s, c);
     sinCosTurned(s, c, reduced.n, m, x, sin, cos);
+    sin = ownsSelect(unbounded, x - x, sin);
+    cos = ownsSelect(unbounded, x - x, cos);
 }
 
 } // namespace owns_detail
