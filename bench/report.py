@@ -23,7 +23,8 @@ Each function is measured beside what a user would take instead: in the same run
 The first line of a function is its own time; the lines of its peers are ratios, the peer's time over that of zels,
 so that above 1 zels is faster. **Bold** ratios are below 0.97 against a peer of the same vector width. Lengths are in
 elements. Ratios are to be trusted to about 1 per cent from 1,024 elements on, and to some per cent on shorter vectors;
-times drift with the machine. The section of a function beside itself shows what noise there was.
+times drift with the machine. The section of a function beside itself shows what noise there was; in that of special
+values the ratios are what these cost, the time on them over that on ordinary numbers.
 
 "-O3 loop" is the same loop as the compiler makes it at `-O3 -msse4.2`, without `restrict`. zels uses 128-bit vectors; a
 peer that uses wider ones is named so. `-` means that there is no such peer. Arrays lie in the nearest cache that holds
@@ -60,6 +61,24 @@ def table(functions, lengths):
             yield f"| {name} | {label} | " + " | ".join(cells.get(n, "-") for n in lengths) + " |"
 
 
+def is_wide(functions, lengths):
+    """Whether functions that were measured at one length, beside the same peers, fill a table with a line each."""
+    rows = [row for by_length in functions.values() for row in by_length.values()]
+    return (len(lengths) == 1 and not any(row["bytes"] or row["flops"] for row in rows)
+            and len({tuple(r["name"] for r in row["results"]) for row in rows}) == 1)
+
+
+def wide_table(functions, length):
+    """A line for each function, its peers beside each other."""
+    rows = {function: by_length[length]["results"] for function, by_length in functions.items()}
+    peers = [r["name"] for r in next(iter(rows.values()))[1:]]
+    yield f"| {length_text(length)} elements | ns/element | " + " | ".join(peers) + " |"
+    yield "|---|--:|" + "--:|" * len(peers)
+    for function, (own, *others) in rows.items():
+        cells = [figure(own["ns"] / length), *(f"{r['ratio']:.2f}" for r in others)]
+        yield f"| `{function}` | " + " | ".join(cells) + " |"
+
+
 def merged(runs):
     """The rows of several runs as those of one."""
     rows = {}
@@ -82,14 +101,14 @@ def section(rows):
     for function, by_length in functions.items():
         groups.setdefault(tuple(by_length), {})[function] = by_length
     for lengths, group in groups.items():
-        yield from table(group, lengths)
+        yield from wide_table(group, lengths[0]) if is_wide(group, lengths) else table(group, lengths)
         yield ""
     for peer in dict.fromkeys(r["name"] for row in rows for r in row["results"][1:]):
         ratios = [r["ratio"] for row in rows for r in row["results"][1:] if r["name"] == peer]
         mean = math.exp(sum(map(math.log, ratios)) / len(ratios))
         below = sum(ratio < SLOWER for ratio in ratios)
         yield (f"- Against {peer}: geometric mean {mean:.2f}, lowest {min(ratios):.2f}, "
-               f"{below} of {len(ratios)} below {SLOWER}")
+               f"highest {max(ratios):.2f}, {below} of {len(ratios)} below {SLOWER}")
 
 
 def main():
