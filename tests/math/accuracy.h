@@ -74,6 +74,9 @@ struct Two {
     T first{}, second{};
 };
 
+template <class T>
+Two(T, T) -> Two<T>;
+
 /// A function of two arguments, real and imaginary part or magnitude and phase: exports on whole arrays.
 template <class T, class Reference>
 struct OfPairs {
