@@ -66,8 +66,8 @@ ZELS_API ZelStatus zelsSqr_16sc_ISfs(Zel16sc* pSrcDst, int len, int scaleFactor)
  * the source is not read.
  *
  *  Real floats are correctly rounded in the caller's mode. Complex ones have the special values of the
- * standard `csqrt` and overflow nowhere; the error of each part is below 0.51 units in the last place in
- * `32fc`, and below 2.5 in `64fc`, rounding to nearest. Integer results are correctly rounded.
+ * standard `csqrt` and overflow nowhere; each part is within 1 unit in the last place in `32fc` and within 3 in
+ * `64fc`, rounding to nearest (docs/accuracy.md has the bounds). Integer results are correctly rounded.
  *  @param pSrc source
  *  @param pDst destination
  *  @param pSrcDst source and destination
@@ -177,8 +177,8 @@ ZELS_API ZelStatus zelsLn_32s_ISfs(Zel32s* pSrcDst, int len, int scaleFactor);
  * magnitude, rounding to nearest; not necessarily exact even for (3, 4), and NaN where the sum overflows to infinity. A
  * sum below the normal numbers has its true root. The forms of 16-bit
  * sources start from the exact sum of squares, rounded once. Results in `64f` are those of `hypot`: no undue
- * overflow, an infinity wins over a NaN, the error below 0.86 units in the last place
- * (0.93 below the normal numbers), rounding to nearest.
+ * overflow, an infinity wins over a NaN, within 1 unit in the last place, rounding to nearest (docs/accuracy.md has
+ * the bounds).
  *
  *  The scaled forms of 16-bit sources round the exact value, but 0 is the result of every scale factor above
  * 15; one below -14 gives 32767 for each element but 0. zelsMagnitude_32sc_Sfs computes in double precision
@@ -210,8 +210,8 @@ ZELS_API ZelStatus zelsMagnitude_32sc_Sfs(const Zel32sc* pSrc, Zel32s* pDst, int
 /** @} */
 
 /** @name Arctangent
- *  `pDst[n] = atan(pSrc[n])`, between -pi/2 and pi/2, for every argument. The error is below 0.98 units in the last
- * place in `32f` and below 0.57 in `64f`, rounding to nearest.
+ *  `pDst[n] = atan(pSrc[n])`, between -pi/2 and pi/2, for every argument, within 1 unit in the last place, rounding
+ * to nearest (docs/accuracy.md has the bounds).
  *  @param pSrc source
  *  @param pDst destination
  *  @param pSrcDst source and destination
@@ -227,8 +227,8 @@ ZELS_API ZelStatus zelsArctan_64f_I(Zel64f* pSrcDst, int len);
 
 /** @name Phase
  *  `atan2(im, re)`, between -pi and pi, from two vectors of parts or from complex elements. Zeros of either sign,
- * infinities and NaN give what the standard function gives. The error of float
- * results is below 0.83 units in the last place in `32f` and below 0.79 in `64f`, rounding to nearest.
+ * infinities and NaN give what the standard function gives. Float results are within 1 unit in the last place, rounding to
+ * nearest (docs/accuracy.md has the bounds).
  *
  *  The scaled forms round the exact angle times 2 to the power -`scaleFactor` to nearest in every rounding mode,
  * and saturate; but every scale factor above 1 gives 0, although pi / 4 rounds to 1.
@@ -277,10 +277,9 @@ ZELS_API ZelStatus zelsCartToPolar_16sc_Sfs(const Zel16sc* pSrc, Zel16s* pDstMag
 /** @} */
 
 /** @name Polar to Cartesian form
- *  `re = magn * cos(phase)`, `im = magn * sin(phase)`, for phases of any size. The error of sine and
- * cosine is below 0.93 units in the last place in `32f` and below 0.82 in `64f`, rounding to nearest; each product
- * is rounded once more. In the split forms the destinations
- * may be the sources.
+ *  `re = magn * cos(phase)`, `im = magn * sin(phase)`, for phases of any size. Sine and cosine are within 1 unit in
+ * the last place, rounding to nearest, and each product is rounded once more (docs/accuracy.md has the bounds). In the
+ * split forms the destinations may be the sources.
  *
  *  The scaled form takes `magn * 2^-magnScaleFactor` and `phase * 2^-phaseScaleFactor` for magnitude and phase (factors
  * beyond 1000 either way count as 1000), rounds the parts to nearest in every rounding mode, and saturates them. A part
@@ -310,7 +309,8 @@ ZELS_API ZelStatus zelsPolarToCart_16sc_Sfs(const Zel16s* pSrcMagn, const Zel16s
 
 /** @name Power
  *  `re^2 + im^2`, from two vectors of parts or from complex elements. Float products and sums are rounded one
- * by one, which is within 1.25 units in the last place, rounding to nearest. Integer sums are exact; in `32f` they are rounded once, by the caller's mode.
+ * by one, which is within 1.25 units in the last place, rounding to nearest. Integer sums are exact; in `32f` they are
+ * rounded once, by the caller's mode.
  *  @param pSrcRe real parts
  *  @param pSrcIm imaginary parts
  *  @param pSrc source
