@@ -102,12 +102,16 @@ const bench::Family family("Square roots", [](bench::Run& run) {
             bench::loop(bench::plain<fixedRoot<Zel8u, 0>, Zel8u, Zel8u>));
     run.map("zelsSqrt_16u_Sfs, factor 0", by<Zel16u, Zel16u, zelsSqrt_16u_Sfs, 0>,
             bench::loop(bench::plain<fixedRoot<Zel16u, 0>, Zel16u, Zel16u>));
+    run.map("zelsSqrt_16u_Sfs, factor -6", by<Zel16u, Zel16u, zelsSqrt_16u_Sfs, -6>,
+            bench::loop(bench::plain<fixedRoot<Zel16u, -6>, Zel16u, Zel16u>));
     positive<Zel16s>(run, "zelsSqrt_16s_Sfs, factor 0", by<Zel16s, Zel16s, zelsSqrt_16s_Sfs, 0>,
                      bench::loop(bench::plain<fixedRoot<Zel16s, 0>, Zel16s, Zel16s>));
     positive<Zel16s>(run, "zelsSqrt_16s_Sfs, factor 2", by<Zel16s, Zel16s, zelsSqrt_16s_Sfs, 2>,
                      bench::loop(bench::plain<fixedRoot<Zel16s, 2>, Zel16s, Zel16s>));
     positive<Zel16s>(run, "zelsSqrt_16s_Sfs, factor -6", by<Zel16s, Zel16s, zelsSqrt_16s_Sfs, -6>,
                      bench::loop(bench::plain<fixedRoot<Zel16s, -6>, Zel16s, Zel16s>));
+    positive<Zel32s, Zel16s>(run, "zelsSqrt_32s16s_Sfs, factor 1", by<Zel32s, Zel16s, zelsSqrt_32s16s_Sfs, 1>,
+                             bench::loop(bench::plain<fixedRoot<Zel16s, 1>, Zel16s, Zel32s>));
     positive<Zel32s, Zel16s>(run, "zelsSqrt_32s16s_Sfs, factor 0", by<Zel32s, Zel16s, zelsSqrt_32s16s_Sfs, 0>,
                              bench::loop(bench::plain<fixedRoot<Zel16s, 0>, Zel16s, Zel32s>));
     positive<Zel32s, Zel16s>(run, "zelsSqrt_32s16s_Sfs, factor 4", by<Zel32s, Zel16s, zelsSqrt_32s16s_Sfs, 4>,

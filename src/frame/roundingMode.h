@@ -5,10 +5,10 @@
 #include <xmmintrin.h>
 
 /// Rounds to nearest for its lifetime, and puts back the caller's mode. Nothing is written where nearest is
-/// on.
+/// on, or where it is not `wanted`.
 class OwnsNearestMode {
   public:
-    OwnsNearestMode() : callers(_mm_getcsr())
+    explicit OwnsNearestMode(bool wanted = true) : callers(wanted ? _mm_getcsr() : 0)
     {
         if (callers & _MM_ROUND_MASK)
             set(callers & ~static_cast<unsigned>(_MM_ROUND_MASK));

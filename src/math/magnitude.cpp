@@ -1,6 +1,7 @@
 // Magnitude of complex data: Magnitude.
 #include "math/magnitude.h"
 #include "frame/entry.h"
+#include "frame/roundingMode.h"
 #include "frame/scaledMap.h"
 #include "math/polar.h"
 #include "zels.h"
@@ -28,8 +29,7 @@ struct Magnitude16s {
     static V apply(Path path, S... s)
     {
         const OwnsSquares16 n = ownsSquares(s...);
-        return ownsAs<Zel16s>(_mm_packs_epi32(ownsInt(OwnsIntegerRoot<32767>::apply(path, n.first)),
-                                              ownsInt(OwnsIntegerRoot<32767>::apply(path, n.second))));
+        return ownsAs<Zel16s>(OwnsIntegerRoot<32767>::apply(path, n.first, n.second));
     }
     template <class... S>
     static V apply(OwnsBySign, S... s)
@@ -126,12 +126,14 @@ ZelStatus zelsMagnitude_16sc32f(const Zel16sc* pSrc, Zel32f* pDst, int len)
 ZelStatus zelsMagnitude_16s_Sfs(const Zel16s* pSrcRe, const Zel16s* pSrcIm, Zel16s* pDst, int len,
                                 int scaleFactor)
 {
+    const OwnsNearestMode mode(scaleFactor > 0);
     return ownsRunScaled<limitsMagnitude_16s, shape_16s, Magnitude16s>(scaleFactor, pDst, len, pSrcRe,
                                                                        pSrcIm);
 }
 
 ZelStatus zelsMagnitude_16sc_Sfs(const Zel16sc* pSrc, Zel16s* pDst, int len, int scaleFactor)
 {
+    const OwnsNearestMode mode(scaleFactor > 0);
     return ownsRunScaled<limitsMagnitude_16s, shape_16s, Magnitude16s>(scaleFactor, pDst, len, pSrc);
 }
 

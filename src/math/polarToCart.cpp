@@ -91,7 +91,7 @@ class SingleCartesian {
     SingleCartesian(int magnScaleFactor, int phaseScaleFactor)
         : exact(magnScaleFactor, phaseScaleFactor),
           magnFactor(ownsSplat(static_cast<Zel32f>(ownsScaled(1, std::min(magnScaleFactor, 100))))),
-          sure(0.5f - 0x1.48p-8f * magnFactor)
+          sure(0.5f - 0x1.01p-10f * magnFactor)
     {
         // 2^-phaseScaleFactor / (2 pi) in units of 2^-48 turns, without whole turns: the bits of 1 / (2 pi).
         constexpr auto turns =
@@ -116,35 +116,41 @@ class SingleCartesian {
         const __m128i beyond = _mm_sub_epi32(_mm_and_si128(quarters, _mm_set1_epi32((1 << 30) - 1)), eighth);
         const V r = V(_mm_cvtepi32_ps(beyond)) * 0x1.921fb6p-30f;
         const V z = r * r;
-        // Off by 2^-29 and 2^-33; what rounding adds makes less than 2.05 * 2^-24, and the product half a unit.
+        // Off by 2^-29 and 2^-33; what rounding adds makes less than 2.05 * 2^-24. The product is off by that of the
+        // magnitude, and half a unit of its own.
         const V sinR = r + r * (z * (-0x1.55554p-3f + z * (0x1.1105b4p-7f + z * -0x1.98da68p-13f)));
         const V cosR = 1 + z * (-0.5f + z * (0x1.55554ap-5f + z * (-0x1.6c0c8cp-10f + z * 0x1.9a025ap-16f)));
 
-        const V isOdd = _mm_castsi128_ps(_mm_srai_epi32(_mm_slli_epi32(quarters, 1), 31));
-        const V exchange = _mm_and_ps(isOdd, _mm_xor_ps(sinR, cosR));
-        const V sign = _mm_set1_ps(-0.0f);
+        const V isOdd = _mm_castsi128_ps(_mm_slli_epi32(quarters, 1));
+        const V sign = ownsSplat(-0.0f);
         const V sinSign = _mm_and_ps(sign, _mm_castsi128_ps(quarters));
         const V cosSign =
             _mm_and_ps(sign, _mm_castsi128_ps(_mm_add_epi32(quarters, _mm_set1_epi32(1 << 30))));
-        const V sin = _mm_xor_ps(_mm_xor_ps(sinR, exchange), sinSign);
-        const V cos = _mm_xor_ps(_mm_xor_ps(cosR, exchange), cosSign);
+        const V sin = _mm_xor_ps(_mm_blendv_ps(sinR, cosR, isOdd), sinSign);
+        const V cos = _mm_xor_ps(_mm_blendv_ps(cosR, sinR, isOdd), cosSign);
 
         const V m = ownsWidened32f(magn) * magnFactor;
         const V re = m * cos;
         const V im = m * sin;
         const __m128i nearestRe = _mm_cvtps_epi32(re);
         const __m128i nearestIm = _mm_cvtps_epi32(im);
-        const V restRe = _mm_andnot_ps(sign, re - V(_mm_cvtepi32_ps(nearestRe)));
-        const V restIm = _mm_andnot_ps(sign, im - V(_mm_cvtepi32_ps(nearestIm)));
+        const V restRe = magnitude(re - V(_mm_cvtepi32_ps(nearestRe)));
+        const V restIm = magnitude(im - V(_mm_cvtepi32_ps(nearestIm)));
         const __m128i first = _mm_unpacklo_epi32(nearestRe, nearestIm);
         const __m128i second = _mm_unpackhi_epi32(nearestRe, nearestIm);
-        const int unsure = _mm_movemask_ps(_mm_cmpgt_ps(_mm_max_ps(restRe, restIm), sure));
+        const V limit = sure - magnitude(m) * 0x1.08p-23f;
+        const int unsure = _mm_movemask_ps(_mm_cmpgt_ps(_mm_max_ps(restRe, restIm), limit));
         if (unsure != 0) [[unlikely]]
             return nearTie(exact, magn, phase, first, second, unsure);
         return ownsAs<Zel16s>(_mm_packs_epi32(first, second));
     }
 
   private:
+    static OwnsVec<Zel32f> magnitude(OwnsVec<Zel32f> x)
+    {
+        return _mm_and_ps(x, _mm_castsi128_ps(_mm_set1_epi32(INT32_MAX)));
+    }
+
     [[gnu::noinline]] static OwnsVec<Zel16s> nearTie(const DoubleCartesian& exact, OwnsVec<Zel16s> magn,
                                                      OwnsVec<Zel16s> phase, __m128i first, __m128i second,
                                                      int unsure)
@@ -161,7 +167,8 @@ class SingleCartesian {
     // Repeated over the lanes here, and not for each vector of elements anew.
     DoubleCartesian exact;
     OwnsVec<Zel32f> magnFactor;
-    OwnsVec<Zel32f> sure; ///< the largest distance from an integer that leaves no doubt about the nearest one
+    OwnsVec<Zel32f>
+        sure; ///< how far from an integer a part may be, but for what its sine or cosine is off by
     OwnsVec<Zel32s> turnsHigh;
     OwnsVec<Zel16s> turnsLow;
 };

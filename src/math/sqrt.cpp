@@ -1,5 +1,6 @@
 // Square roots: Sqrt. Negative elements of signed real types give a warning once the whole vector is done.
 #include "frame/entry.h"
+#include "frame/roundingMode.h"
 #include "frame/scaledMap.h"
 #include "math/hypot.h"
 #include "math/root.h"
@@ -110,22 +111,17 @@ constexpr OwnsScaleLimits limitsSqrt_16sc{9, -24}; // the smallest part is that 
 struct Root16s {
     using V = OwnsVec<Zel16s>;
 
+    static V notNegative(V x) { return ownsAs<Zel16s>(_mm_max_epi16(ownsInt(x), _mm_setzero_si128())); }
+
     template <class Path>
     static V apply(Path path, V x)
     {
-        const auto root = [&](__m128i n) {
-            return ownsInt(OwnsSmallIntegerRoot<32767>::apply(path, ownsAs<Zel32s>(n)));
-        };
-        const __m128i zero = _mm_setzero_si128();
-        const __m128i n = _mm_max_epi16(ownsInt(x), zero);
-        return ownsAs<Zel16s>(
-            _mm_packs_epi32(root(_mm_unpacklo_epi16(n, zero)), root(_mm_unpackhi_epi16(n, zero))));
+        return ownsAs<Zel16s>(OwnsSmallIntegerRoot<32767>::apply(path, ownsInt(notNegative(x))));
     }
-    static V apply(OwnsBySign, V x)
-    {
-        return ownsSaturatedBySign(ownsAs<Zel16s>(_mm_max_epi16(ownsInt(x), _mm_setzero_si128())));
-    }
-    static __m128i negative(V x) { return _mm_srai_epi16(ownsInt(x), 15); }
+    static V apply(OwnsBySign, V x) { return ownsSaturatedBySign(notNegative(x)); }
+
+    static V joined(V x) { return x; }
+    static constexpr int signs = 0xAAAA;
 };
 
 struct Root16u {
@@ -134,12 +130,7 @@ struct Root16u {
     template <class Path>
     static V apply(Path path, V x)
     {
-        const auto root = [&](__m128i n) {
-            return ownsInt(OwnsSmallIntegerRoot<65535>::apply(path, ownsAs<Zel32s>(n)));
-        };
-        const __m128i zero = _mm_setzero_si128();
-        return ownsAs<Zel16u>(_mm_packus_epi32(root(_mm_unpacklo_epi16(ownsInt(x), zero)),
-                                               root(_mm_unpackhi_epi16(ownsInt(x), zero))));
+        return ownsAs<Zel16u>(OwnsSmallIntegerRoot<65535>::apply(path, ownsInt(x)));
     }
     static V apply(OwnsBySign, V x) { return ownsSaturatedBySign(x); }
 };
@@ -150,10 +141,10 @@ struct Root8u {
     template <class Path>
     static V apply(Path path, V x)
     {
-        const auto roots = [&](__m128i n) { return ownsInt(Root16s::apply(path, ownsAs<Zel16s>(n))); };
         const __m128i zero = _mm_setzero_si128();
-        return ownsAs<Zel8u>(_mm_packus_epi16(roots(_mm_unpacklo_epi8(ownsInt(x), zero)),
-                                              roots(_mm_unpackhi_epi8(ownsInt(x), zero))));
+        return ownsAs<Zel8u>(
+            _mm_packus_epi16(OwnsSmallIntegerRoot<32767>::apply(path, _mm_unpacklo_epi8(ownsInt(x), zero)),
+                             OwnsSmallIntegerRoot<32767>::apply(path, _mm_unpackhi_epi8(ownsInt(x), zero))));
     }
     static V apply(OwnsBySign, V x) { return ownsSaturatedBySign(x); }
 };
@@ -164,17 +155,19 @@ struct Root32s16s {
     template <class Path>
     static OwnsVec<Zel16s> apply(Path path, V x)
     {
-        const auto root = [&](OwnsVec<Zel32s> n) {
-            return ownsInt(OwnsIntegerRoot<32767, true>::apply(
-                path, ownsAs<Zel32s>(_mm_max_epi32(ownsInt(n), _mm_setzero_si128()))));
+        const auto notNegative = [](OwnsVec<Zel32s> n) {
+            return ownsAs<Zel32s>(_mm_max_epi32(ownsInt(n), _mm_setzero_si128()));
         };
-        return ownsAs<Zel16s>(_mm_packs_epi32(root(x.v[0]), root(x.v[1])));
+        return ownsAs<Zel16s>(
+            OwnsIntegerRoot<32767, true>::apply(path, notNegative(x.v[0]), notNegative(x.v[1])));
     }
     static OwnsVec<Zel16s> apply(OwnsBySign path, V x)
     {
         return Root16s::apply(path, ownsAs<Zel16s>(_mm_packs_epi32(ownsInt(x.v[0]), ownsInt(x.v[1]))));
     }
-    static __m128i negative(V x) { return ownsNegative(x.v[0] | x.v[1]); }
+
+    static OwnsVec<Zel32s> joined(V x) { return x.v[0] | x.v[1]; }
+    static constexpr int signs = 0x8888;
 };
 
 /// Both parts by the principal root in double precision, which is within 2^-51 of the true one; no part of a
@@ -244,14 +237,14 @@ struct Root16sc {
 template <OwnsShape shape, class Op, class Path, class D, class S>
 [[gnu::noinline]] bool rootKernel(Path path, const S* pSrc, D* pDst, int len)
 {
-    __m128i negative = _mm_setzero_si128();
+    __m128i joined = _mm_setzero_si128();
     ownsMap<shape>(
-        [path, &negative](auto x) {
-            negative = _mm_or_si128(negative, Op::negative(x));
+        [path, &joined](auto x) {
+            joined = _mm_or_si128(joined, ownsInt(Op::joined(x)));
             return Op::apply(path, x);
         },
         pDst, len, pSrc);
-    return _mm_movemask_epi8(negative) != 0;
+    return (_mm_movemask_epi8(joined) & Op::signs) != 0;
 }
 
 /// The entry for signed types.
@@ -354,5 +347,6 @@ ZelStatus zelsSqrt_16sc_ISfs(Zel16sc* pSrcDst, int len, int scaleFactor)
 
 ZelStatus zelsSqrt_32s16s_Sfs(const Zel32s* pSrc, Zel16s* pDst, int len, int scaleFactor)
 {
+    const OwnsNearestMode mode(scaleFactor > 0);
     return runSignedRoot<limitsSqrt_32s16s, Root32s16s>(pSrc, pDst, len, scaleFactor);
 }

@@ -118,10 +118,3 @@ inline constexpr Zel64u lnTableStart = 0x3fe6980000000000u;
         return owns_detail::lnRare(x, seen);
     return owns_detail::lnCore(bits, OwnsU2{});
 }
-
-/// ln(n) of integers from 1 on, each first rounded to a float.
-[[gnu::always_inline]] inline OwnsF4 ownsLnOfIntegers(OwnsVec<Zel32s> n)
-{
-    const OwnsF4 x = _mm_cvtepi32_ps(ownsInt(n));
-    return owns_detail::lnCore(ownsBits(x), OwnsU4{});
-}
