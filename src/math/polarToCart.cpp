@@ -91,7 +91,7 @@ class SingleCartesian {
     SingleCartesian(int magnScaleFactor, int phaseScaleFactor)
         : exact(magnScaleFactor, phaseScaleFactor),
           magnFactor(ownsSplat(static_cast<Zel32f>(ownsScaled(1, std::min(magnScaleFactor, 100))))),
-          sure(0.5f - 0x1.01p-10f * magnFactor)
+          sure((0.5f - 0x1p-24f) - 0x1.01p-10f * magnFactor)
     {
         // 2^-phaseScaleFactor / (2 pi) in units of 2^-48 turns, without whole turns: the bits of 1 / (2 pi).
         constexpr auto turns =

@@ -46,12 +46,14 @@ constexpr auto fixedComplexRoot = [](Zel16sc z, int scaleFactor) {
     return Zel16sc{part(x < 0 ? other : t), part(std::copysign(x < 0 ? t : other, y))};
 };
 
-/// The integers around each square and between squares.
+/// The integers around each square and between squares, and some that single precision cannot tell from a square.
 std::vector<Zel32s> aroundSquares()
 {
     std::vector<Zel32s> list{0, INT32_MAX, INT32_MAX - 1, INT32_MIN, -1};
+    Random random("aroundSquares");
     for (Zel64s r = 1; r <= 46341; r++)
-        for (const Zel64s n : {r * r - 1, r * r, r * r + 1, r * r + r, r * r + r + 1})
+        for (const Zel64s n : {r * r - 1, r * r, r * r + 1, r * r + r, r * r + r + 1,
+                               r * r + static_cast<Zel64s>(random.below(801)) - 400})
             if (n <= INT32_MAX)
                 list.push_back(static_cast<Zel32s>(n));
     return list;
