@@ -71,7 +71,7 @@ class OwnsIntegerRoot {
         const F root = approximate(n) * static_cast<Zel32f>(1 << shift);
         const V j = ownsAs<Zel32s>(_mm_cvttps_epi32(root));
         const V exact = shift == 0 ? n : ownsAs<Zel32s>(_mm_sll_epi32(ownsInt(n), ownsCount(2 * shift)));
-        return j - (exact - square(j) > j);
+        return j - (ownsAs<Zel32s>(_mm_sub_epi32(ownsInt(exact), ownsInt(square(j)))) > j);
     }
 
     /// Floats settle all but some: where the float root is above a tie, n is above the tie's square, and below
@@ -108,7 +108,8 @@ class OwnsIntegerRoot {
             ownsAs<Zel32s>(_mm_cvttps_epi32(approximate(n) * (1.0f / static_cast<Zel32f>(1 << shift))));
         const V lower = ownsAs<Zel32s>(_mm_sll_epi32(ownsInt(smallSquare(j) + j), ownsCount(2 * shift)));
         const int quarter = 1 << (2 * shift - 2);
-        return j - (n - lower + (j & 1) > quarter);
+        const V beyond = ownsAs<Zel32s>(_mm_sub_epi32(ownsInt(n), ownsInt(lower)));
+        return j - (beyond + (j & 1) > quarter);
     }
 };
 
