@@ -2,10 +2,12 @@
 //
 //   --family=NAME       only the tests in NAME.cpp
 //   --without=PATTERNS  no test that these patterns, as in GoogleTest's filter, match
+//   --brief             the sweeps take a sample of their calls
 //   --exhaustive        only the tests whose names begin with Exhaustive; without it, all others. The exit
 //                       status is 77 if there is none.
 #include "support/current.h"
 #include "support/random.h"
+#include "support/sweep.h"
 
 #include <cstdio>
 #include <cstring>
@@ -35,6 +37,8 @@ int main(int argc, char** argv)
             family = argv[i] + 9;
         } else if (std::strncmp(argv[i], "--without=", 10) == 0) {
             without = argv[i] + 10;
+        } else if (std::strcmp(argv[i], "--brief") == 0) {
+            support::makeSweepsBrief();
         } else if (std::strcmp(argv[i], "--exhaustive") == 0) {
             exhaustive = true;
         } else {

@@ -71,6 +71,10 @@ struct SweepOptions {
     int repeats = 3;
 };
 
+/// Sweeps take a sample of their calls: each length, and by turns each alignment, against either guard page, in place; a
+/// tenth of all. For where a call takes twenty times as long. Set before the first sweep.
+void makeSweepsBrief();
+
 /// What a sweep found.
 struct SweepReport {
     std::string failure; ///< empty if all was well
