@@ -7,7 +7,6 @@
 #include "frame/squares.h"
 
 #include <cmath>
-#include <limits>
 
 /// The elements that are replaced.
 enum class OwnsSide { below, above };
@@ -59,13 +58,15 @@ template <>
 struct OwnsMagnitudes<Zel32f> {
     using Wide = Zel64f;
     using Complex = Zel32fc;
-    static constexpr Zel32f leastLevel = 0x1p-50f, mostLevel = 0x1p62f, leastSquare = 0x1p-100f;
+    static constexpr Zel32f leastLevel = 0x1p-50f, mostLevel = 0x1p62f;
+    static constexpr Zel32f leastSquare = 0x1p-100f, mostSquare = 0x1p126f;
 };
 template <>
 struct OwnsMagnitudes<Zel64f> {
     using Wide = long double;
     using Complex = Zel64fc;
-    static constexpr Zel64f leastLevel = 0x1p-480, mostLevel = 0x1p510, leastSquare = 0x1p-960;
+    static constexpr Zel64f leastLevel = 0x1p-480, mostLevel = 0x1p510;
+    static constexpr Zel64f leastSquare = 0x1p-960, mostSquare = 0x1p1022;
 };
 
 template <class P>
@@ -74,12 +75,13 @@ inline bool ownsIsOrdinaryLevel(P level)
     return level >= OwnsMagnitudes<P>::leastLevel && level <= OwnsMagnitudes<P>::mostLevel;
 }
 
-/// Sums of squares that neither overflowed nor lost what matters.
+/// Sums of squares that neither overflowed nor lost what matters. To overflow is to become the largest number in some
+/// rounding modes.
 template <class V>
 inline auto ownsIsUsual(V m)
 {
     using P = std::remove_cvref_t<decltype(m[0])>;
-    return (m >= OwnsMagnitudes<P>::leastSquare) & (m <= std::numeric_limits<P>::max());
+    return (m >= OwnsMagnitudes<P>::leastSquare) & (m <= OwnsMagnitudes<P>::mostSquare);
 }
 
 /// Whether an element lies beyond the level, or surely does not, computed in type W. A NaN does neither.
@@ -98,20 +100,22 @@ inline bool ownsStays(C x, OwnsPart<C> level)
     return side == OwnsSide::below ? limit * limit <= m : m <= limit * limit;
 }
 
-/// A wide complex number, for single elements out of the ordinary.
+/// A wide complex number, for single elements out of the ordinary. Its sum of squares is infinite only of infinite
+/// elements: these are left with their direction, in parts of 1 and 0.
 template <class W>
 struct OwnsWideComplex {
     W re, im, squares;
+    bool isInfinite;
 
-    /// Of infinite elements the direction, as parts of 1 and 0.
     template <class C>
-    explicit OwnsWideComplex(C x) : re(x.re), im(x.im)
+    explicit OwnsWideComplex(C x)
+        : re(x.re), im(x.im), squares(re * re + im * im), isInfinite(std::isinf(squares))
     {
-        if (std::isinf(re) || std::isinf(im)) {
+        if (isInfinite) {
             re = std::copysign(W(std::isinf(re)), re);
             im = std::copysign(W(std::isinf(im)), im);
+            squares = re * re + im * im;
         }
-        squares = re * re + im * im;
     }
 };
 

@@ -73,7 +73,6 @@ template <class C>
 struct InvertComplex {
     using P = OwnsPart<C>;
     using V = OwnsVec<C>;
-    using Limits = std::numeric_limits<P>;
     P level;
     bool& zero;
     P square = level * level;
@@ -84,7 +83,7 @@ struct InvertComplex {
     OwnsVecs<C, 2> pair(OwnsVecs<C, 2> x) const
     {
         const V m = ownsSumOfSquares(x);
-        if (ownsAll((m >= least) & (m <= Limits::max()))) [[likely]]
+        if (ownsAll((m >= least) & (m <= OwnsMagnitudes<P>::mostSquare))) [[likely]]
             return over(m, x);
         const OwnsVecs<C, 2> r = over(ownsChosen(m < square, root(m) * level, m), x);
         if (ownsAll(ownsIsUsual(m))) [[likely]]
@@ -101,7 +100,7 @@ struct InvertComplex {
             zero |= level == 0;
             return {1 / level, 0};
         }
-        if (std::isinf(x.re) || std::isinf(x.im))
+        if (wide.isInfinite)
             return {std::copysign(P{0}, x.re), -std::copysign(P{0}, x.im)};
         const W limit = level;
         const W divisor = wide.squares < limit * limit ? std::sqrt(wide.squares) * limit : wide.squares;

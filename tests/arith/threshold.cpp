@@ -3,8 +3,19 @@
 
 namespace {
 
-constexpr auto atLeast = [](auto x, auto level) { return x > level ? x : level; };
-constexpr auto atMost = [](auto x, auto level) { return x < level ? x : level; };
+/// Where denormals are zeros, a maximum or minimum gives them as zeros.
+template <class T>
+T seen(T x)
+{
+    if constexpr (std::is_floating_point_v<T>)
+        if ((support::currentMode() & support::flushMode) != 0 &&
+            std::fabs(x) < std::numeric_limits<T>::min())
+            return std::copysign(T{0}, x);
+    return x;
+}
+
+constexpr auto atLeast = [](auto x, auto level) { return seen(x) > seen(level) ? seen(x) : seen(level); };
+constexpr auto atMost = [](auto x, auto level) { return seen(x) < seen(level) ? seen(x) : seen(level); };
 constexpr auto limited = [](auto x, auto level, ZelCmpOp op) {
     return op == 0 ? atLeast(x, level) : atMost(x, level);
 };
