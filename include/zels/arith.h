@@ -1315,17 +1315,13 @@ ZELS_API ZelStatus zelsThreshold_LTAbsVal_64f_I(Zel64f* pSrcDst, int len, Zel64f
 /** @} */
 
 /** @name Inverse with a lower limit
- *  The inverse of the larger of absolute value and level, with the sign of the element; at level 0 the
- *  inverse of the element. The 32f forms estimate in vectors: with an estimate y of the reciprocal of x (12
- *  bits) the inverse is y (2 - x y), within 4 units in the last place, 8 in the directed rounding modes;
- *  eight elements of which one has no normal reciprocal (zeros and subnormals, infinities, values from 2^126
- *  on), vectors of up to 10 elements and the elements at both ends of a vector are truly divided. The 64f
- *  forms are the true quotient. Complex forms divide the conjugate by m, and below the level by sqrt(m)
- *  times the level, within 4 units, 8 in the directed rounding modes; where m is out of the ordinary range
- *  they go over wider types. Above level 0 a NaN counts as 0 in real forms, and stays one in all others.
+ *  The inverse of the larger of absolute value and level, with the sign of the element, truly divided; at
+ *  level 0 the inverse of the element. Complex forms divide the conjugate by m, and below the level by
+ *  sqrt(m) times the level, within 4 units in the last place, 8 in the directed rounding modes; where m is
+ *  out of the ordinary range they go over wider types. Above level 0 a NaN counts as 0 in real forms; at
+ *  level 0, and in complex forms, it stays one.
  *  The inverse of a zero at level 0 is an infinity with the sign of the zero, of a complex zero (infinity,
- *  0); above level 0 a complex zero gives (1 / level, 0). Source of the method: as of zelsDiv_32f, with one
- *  term less.
+ *  0); above level 0 a complex zero gives (1 / level, 0).
  *  @param pSrc source
  *  @param pDst destination
  *  @param pSrcDst source and destination

@@ -2,6 +2,8 @@
 #include "arith/threshold.h"
 #include "zels.h"
 
+#include <limits>
+
 namespace {
 
 // The most negative integer has an absolute value among the unsigned numbers.
@@ -60,19 +62,28 @@ template <class T>
 struct ReplaceSmall {
     OwnsVec<T> level, value;
 
-    ReplaceSmall(T theLevel, T theValue) : level(ownsSplat(theLevel)), value(ownsSplat(theValue))
+    OwnsVec<T> operator()(OwnsVec<T> x) const { return OwnsMagnitude::of(x) < level ? value : x; }
+};
+
+/// Integers: -level < x < level if x + level - 1 is below 2 level - 1 as an unsigned number; half the range is taken off
+/// both, for a signed comparison.
+template <class T>
+requires std::is_integral_v<T>
+struct ReplaceSmall<T> {
+    OwnsVec<T> shift, bound, value;
+
+    ReplaceSmall(OwnsVec<T> level, OwnsVec<T> theValue) : value(theValue)
     {
-        if (std::is_integral_v<T> && theLevel < 0)
-            level = OwnsVec<T>{};
+        using U = std::make_unsigned_t<T>;
+        const auto lowest = static_cast<U>(std::numeric_limits<T>::min());
+        const auto size = level[0] > 0 ? static_cast<U>(level[0]) : U{0};
+        shift = ownsSplat(static_cast<T>(static_cast<U>(size - 1 + lowest)));
+        bound = ownsSplat(static_cast<T>(static_cast<U>((size == 0 ? 0 : 2 * size - 1) + lowest)));
     }
     OwnsVec<T> operator()(OwnsVec<T> x) const
     {
-        if constexpr (std::is_integral_v<T>) {
-            const auto magnitude = unsignedMagnitude(x);
-            return magnitude < reinterpret_cast<decltype(magnitude)>(level) ? value : x;
-        } else {
-            return OwnsMagnitude::of(x) < level ? value : x;
-        }
+        using U = std::make_unsigned_t<T>;
+        return ownsAs<T>(ownsAs<U>(x) + ownsAs<U>(shift)) < bound ? value : x;
     }
 };
 
@@ -91,7 +102,7 @@ ZelStatus limit(const T* pSrc, T* pDst, int len, T level)
 template <class T>
 ZelStatus replaceSmall(const T* pSrc, T* pDst, int len, T level, T value)
 {
-    return ownsRun<ownsShapeOf<T>>(ReplaceSmall<T>(level, value), pDst, len, pSrc);
+    return ownsRun<ownsShapeOf<T>>(ReplaceSmall<T>{ownsSplat(level), ownsSplat(value)}, pDst, len, pSrc);
 }
 
 /// What a short form does, with the length as its last argument.

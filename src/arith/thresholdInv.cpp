@@ -6,56 +6,11 @@
 
 namespace {
 
-/// Single precision: an estimate y of the reciprocal of x, good to 12 bits, and one Newton step, y (2 - x y). In eight
-/// elements of which one has no normal reciprocal all are truly divided.
+/// Truly divided in single precision, too: an estimate and a Newton step, with a look at what has no normal reciprocal,
+/// take longer than the division.
 template <class T, bool isLimited>
 struct InvertReal {
-    using Estimates = void;
-    using V = OwnsVec<Zel32f>;
-    V level;
-    bool& zero;
-
-    Zel32f operator()(Zel32f x) const
-    {
-        zero |= !isLimited && x == 0;
-        const Zel32f magnitude = OwnsMagnitude::of(x);
-        return 1 /
-               __builtin_copysignf(isLimited ? OwnsLargest::fold(magnitude, Zel32f{level[0]}) : magnitude, x);
-    }
-    V operator()(V x) const
-    {
-        zero |= !isLimited && ownsAny(x == 0);
-        return 1 / ownsWithSigns(limited(x), x);
-    }
-    OwnsVecs<Zel32f, 2> pair(OwnsVecs<Zel32f, 2> x) const
-    {
-        const V first = estimate(limited(x.v[0]));
-        const V second = estimate(limited(x.v[1]));
-        // Zeros, infinities and subnormals give the negative NaN or infinity, what is too large for a normal reciprocal
-        // gives 0.
-        const __m128i least = _mm_min_epi32(ownsInt(first), ownsInt(second));
-        if (_mm_movemask_ps(ownsFloat(_mm_cmpgt_epi32(least, _mm_setzero_si128()))) != 15) [[unlikely]]
-            return {{(*this)(x.v[0]), (*this)(x.v[1])}};
-        return {{ownsWithSigns(first, x.v[0]), ownsWithSigns(second, x.v[1])}};
-    }
-
-  private:
-    V limited(V x) const
-    {
-        const V magnitude = OwnsMagnitude::of(x);
-        return isLimited ? OwnsLargest::fold(magnitude, level) : magnitude;
-    }
-    static V estimate(V x)
-    {
-        const V y = _mm_rcp_ps(x);
-        return y * (2.0f - x * y);
-    }
-};
-
-/// Double precision, truly divided.
-template <bool isLimited>
-struct InvertReal<Zel64f, isLimited> {
-    using V = OwnsVec<Zel64f>;
+    using V = OwnsVec<T>;
     V level;
     bool& zero;
 
@@ -65,7 +20,16 @@ struct InvertReal<Zel64f, isLimited> {
         const V magnitude = OwnsMagnitude::of(x);
         return 1 / ownsWithSigns(isLimited ? OwnsLargest::fold(magnitude, level) : magnitude, x);
     }
-    V part(int, V x) const { return (*this)(_mm_shuffle_pd(x, _mm_set1_pd(1), 0)); }
+    /// Ones behind the last element.
+    V part(int n, V x) const
+    {
+        if constexpr (isLimited)
+            return (*this)(x);
+        else if constexpr (sizeof(T) == sizeof(Zel64f))
+            return (*this)(_mm_shuffle_pd(x, _mm_set1_pd(1), 0));
+        else
+            return (*this)(n == 1 ? V(_mm_move_ss(_mm_set1_ps(1), x)) : V(_mm_movelh_ps(x, _mm_set1_ps(1))));
+    }
 };
 
 /// Complex elements: the conjugate over the sum of squares m, or below the level over sqrt(m) level.
