@@ -88,7 +88,7 @@ struct LimitMagnitude<side, Zel16sc> {
 };
 
 template <OwnsSide side, class C>
-ZelStatus limitMagnitudes(const C* pSrc, C* pDst, int len, OwnsPart<C> level)
+[[gnu::noinline]] ZelStatus limitMagnitudes(const C* pSrc, C* pDst, int len, OwnsPart<C> level)
 {
     if (level < 0)
         return zelErrThreshNegLevel;
@@ -113,7 +113,8 @@ ZelStatus limitMagnitudes(const C* pSrc, C* pDst, int len, OwnsPart<C> level)
 
 /// The entry of all forms. The level is the second operand of the maximum or minimum, so a NaN comes out as the level.
 template <class T>
-ZelStatus limit(const T* pSrc, T* pDst, int len, OwnsPart<T> level, ZelCmpOp relOp)
+[[gnu::always_inline]] inline ZelStatus limit(const T* pSrc, T* pDst, int len, OwnsPart<T> level,
+                                              ZelCmpOp relOp)
 {
     if (const ZelStatus status = ownsCheck(len, pSrc, pDst); status != zelStatusOk)
         return status;

@@ -11,11 +11,14 @@
 /// The elements that are replaced.
 enum class OwnsSide { below, above };
 
-/// `yes` where the mask is all ones, by lanes of 32 bits.
+/// `yes` where the mask is all ones, else `no`.
 template <class V>
 inline V ownsChosen(auto mask, V yes, V no)
 {
-    return reinterpret_cast<V>(_mm_blendv_ps(ownsFloat(no), ownsFloat(yes), ownsFloat(mask)));
+    if constexpr (sizeof(no[0]) == sizeof(Zel16s) && sizeof(mask[0]) != sizeof(Zel32s))
+        return reinterpret_cast<V>(_mm_blendv_epi8(ownsInt(no), ownsInt(yes), ownsInt(mask)));
+    else
+        return reinterpret_cast<V>(_mm_blendv_ps(ownsFloat(no), ownsFloat(yes), ownsFloat(mask)));
 }
 
 /// Whether a mask of lanes of 32 or 64 bits has a lane set.
@@ -27,6 +30,28 @@ inline bool ownsAny(auto mask)
 inline bool ownsAll(auto mask)
 {
     return _mm_movemask_ps(ownsFloat(mask)) == 15;
+}
+
+/// Where a <= b does not hold: either is a NaN, or a is larger.
+inline __m128 ownsNotUpTo(OwnsVec<Zel32f> a, OwnsVec<Zel32f> b)
+{
+    return _mm_cmpnle_ps(a, b);
+}
+inline __m128d ownsNotUpTo(OwnsVec<Zel64f> a, OwnsVec<Zel64f> b)
+{
+    return _mm_cmpnle_pd(a, b);
+}
+inline __m128i ownsNotUpTo(OwnsVec<Zel16s> a, OwnsVec<Zel16s> b)
+{
+    return _mm_cmpgt_epi16(ownsInt(a), ownsInt(b));
+}
+
+/// A vector that is held in its register: g++ would load it once for the comparison and once for the choice.
+template <class V>
+inline V ownsHeld(V x)
+{
+    asm("" : "+x"(x));
+    return x;
 }
 
 inline OwnsVec<Zel32f> ownsSigns(OwnsVec<Zel32f> x)

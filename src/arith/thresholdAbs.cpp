@@ -62,7 +62,11 @@ template <class T>
 struct ReplaceSmall {
     OwnsVec<T> level, value;
 
-    OwnsVec<T> operator()(OwnsVec<T> x) const { return OwnsMagnitude::of(x) < level ? value : x; }
+    OwnsVec<T> operator()(OwnsVec<T> x) const
+    {
+        x = ownsHeld(x);
+        return OwnsMagnitude::of(x) < level ? value : x;
+    }
 };
 
 /// Integers: -level < x < level if x + level - 1 is below 2 level - 1 as an unsigned number; half the range is taken off
@@ -83,6 +87,7 @@ struct ReplaceSmall<T> {
     OwnsVec<T> operator()(OwnsVec<T> x) const
     {
         using U = std::make_unsigned_t<T>;
+        x = ownsHeld(x);
         return ownsAs<T>(ownsAs<U>(x) + ownsAs<U>(shift)) < bound ? value : x;
     }
 };

@@ -12,7 +12,8 @@ struct Replace {
     Replace(T theLevel, T theValue) : level(ownsSplat(theLevel)), value(ownsSplat(theValue)) {}
     OwnsVec<T> operator()(OwnsVec<T> x) const
     {
-        return (side == OwnsSide::below ? level <= x : x <= level) ? x : value;
+        x = ownsHeld(x);
+        return ownsChosen(side == OwnsSide::below ? ownsNotUpTo(level, x) : ownsNotUpTo(x, level), value, x);
     }
 };
 
@@ -28,7 +29,8 @@ struct Replace<side, C> {
     {
         const V squares = x * x;
         const V m = squares + ownsSwapped(squares);
-        return ownsChosen(side == OwnsSide::below ? square <= m : m <= square, x, value);
+        return ownsChosen(side == OwnsSide::below ? ownsNotUpTo(square, m) : ownsNotUpTo(m, square), value,
+                          x);
     }
 };
 
