@@ -1095,9 +1095,10 @@ ZELS_API ZelStatus zelsConvert_16f16s_Sfs(const Zel16f* pSrc, Zel16s* pDst, int 
  *  out.
  *  Complex elements beyond the level keep their phase and get the level as magnitude: both parts times level
  *  / sqrt(m). In the vectors of 32fc the factor is y (3 - m y y) level / 2 with an estimate y of 1 / sqrt(m)
- *  (12 bits), within 4 units in the last place, 8 in the directed rounding modes; vectors of up to 4
+ *  (12 bits), within 6 units in the last place, 12 in the directed rounding modes; vectors of up to 4
  *  elements and the elements at both ends of a vector take the true root and quotient, and so do sums of
- *  squares out of the ordinary range (2^-100 in 32fc, 2^-960 in 64fc, up to the largest number). 64fc is
+ *  squares out of the ordinary range (2^-100 to 2^126 in 32fc,
+ *  2^-960 to 2^1022 in 64fc). 64fc is
  *  within 3 units, 6 in the directed rounding modes; 16sc is rounded to nearest from double precision. An
  *  element (0, 0), which has no phase, becomes (level, 0); one with a NaN stays as it is; the phase of an
  *  infinite element is that of its infinite parts. A lower limit of 0 makes a copy, an upper limit of 0 a
