@@ -1079,6 +1079,272 @@ ZELS_API ZelStatus zelsConvert_16f16s_Sfs(const Zel16f* pSrc, Zel16s* pDst, int 
 
 /** @} */
 
+/** @defgroup threshold Thresholds
+ *  Elements beyond a level are replaced. Source and destination may be the same array. What becomes of a NaN
+ *  differs from form to form, on purpose.
+ *
+ *  Complex elements are compared by magnitude: the sum of squares m of the parts with the square of the level,
+ *  both rounded in the element's type; exact in 16sc. Levels below 2^-50 or above 2^62 in 32fc (2^-480, 2^510 in
+ *  64fc), whose squares the type may not hold, are compared in a wider type, and so are slower.
+ *  @{
+ */
+
+/** @name Limit on a chosen side
+ *  Elements beyond the level come to it. Real ones: with a lower limit the larger of element and level, with
+ *  an upper limit the smaller; a NaN comes out as the level, and of zeros of either sign the level's comes
+ *  out.
+ *  Complex elements beyond the level keep their phase and get the level as magnitude: both parts times level
+ *  / sqrt(m). In the vectors of 32fc the factor is y (3 - m y y) level / 2 with an estimate y of 1 / sqrt(m)
+ *  (12 bits), within 6 units in the last place, 12 in the directed rounding modes; vectors of up to 4
+ *  elements and the elements at both ends of a vector take the true root and quotient, and so do sums of
+ *  squares out of the ordinary range (2^-100 to 2^126 in 32fc,
+ *  2^-960 to 2^1022 in 64fc). 64fc is
+ *  within 3 units, 6 in the directed rounding modes; 16sc is rounded to nearest from double precision. An
+ *  element (0, 0), which has no phase, becomes (level, 0); one with a NaN stays as it is; the phase of an
+ *  infinite element is that of its infinite parts. A lower limit of 0 makes a copy, an upper limit of 0 a
+ *  zero-fill. Source of the method: the iteration of Newton and Raphson for 1 / sqrt(m).
+ *  @param pSrc source
+ *  @param pDst destination
+ *  @param pSrcDst source and destination
+ *  @param len length in elements
+ *  @param level the limit; of complex elements that of their magnitude
+ *  @param relOp #zelCmpLess: a lower limit; #zelCmpGreater: an upper limit
+ *  @return #zelErrNullPtr for a null pointer, else #zelErrSize for a length below 1, else #zelErrBadArg for
+ *  another relOp, else (complex forms) #zelErrThreshNegLevel for a level below 0, else #zelStatusOk
+ *  @{
+ */
+ZELS_API ZelStatus zelsThreshold_16s(const Zel16s* pSrc, Zel16s* pDst, int len, Zel16s level, ZelCmpOp relOp);
+ZELS_API ZelStatus zelsThreshold_16s_I(Zel16s* pSrcDst, int len, Zel16s level, ZelCmpOp relOp);
+ZELS_API ZelStatus zelsThreshold_16sc(const Zel16sc* pSrc, Zel16sc* pDst, int len, Zel16s level,
+                                      ZelCmpOp relOp);
+ZELS_API ZelStatus zelsThreshold_16sc_I(Zel16sc* pSrcDst, int len, Zel16s level, ZelCmpOp relOp);
+ZELS_API ZelStatus zelsThreshold_32f(const Zel32f* pSrc, Zel32f* pDst, int len, Zel32f level, ZelCmpOp relOp);
+ZELS_API ZelStatus zelsThreshold_32f_I(Zel32f* pSrcDst, int len, Zel32f level, ZelCmpOp relOp);
+ZELS_API ZelStatus zelsThreshold_32fc(const Zel32fc* pSrc, Zel32fc* pDst, int len, Zel32f level,
+                                      ZelCmpOp relOp);
+ZELS_API ZelStatus zelsThreshold_32fc_I(Zel32fc* pSrcDst, int len, Zel32f level, ZelCmpOp relOp);
+ZELS_API ZelStatus zelsThreshold_64f(const Zel64f* pSrc, Zel64f* pDst, int len, Zel64f level, ZelCmpOp relOp);
+ZELS_API ZelStatus zelsThreshold_64f_I(Zel64f* pSrcDst, int len, Zel64f level, ZelCmpOp relOp);
+ZELS_API ZelStatus zelsThreshold_64fc(const Zel64fc* pSrc, Zel64fc* pDst, int len, Zel64f level,
+                                      ZelCmpOp relOp);
+ZELS_API ZelStatus zelsThreshold_64fc_I(Zel64fc* pSrcDst, int len, Zel64f level, ZelCmpOp relOp);
+/** @} */
+
+/** @name Lower and upper limit
+ *  As zelsThreshold_32f and its like: LT with #zelCmpLess, GT with #zelCmpGreater.
+ *  @param pSrc source
+ *  @param pDst destination
+ *  @param pSrcDst source and destination
+ *  @param len length in elements
+ *  @param level the limit; of complex elements that of their magnitude
+ *  @return #zelErrNullPtr for a null pointer, else #zelErrSize for a length below 1, else (complex forms)
+ *  #zelErrThreshNegLevel for a level below 0, else #zelStatusOk
+ *  @{
+ */
+ZELS_API ZelStatus zelsThreshold_LT_16s(const Zel16s* pSrc, Zel16s* pDst, int len, Zel16s level);
+ZELS_API ZelStatus zelsThreshold_LT_16s_I(Zel16s* pSrcDst, int len, Zel16s level);
+ZELS_API ZelStatus zelsThreshold_LT_16sc(const Zel16sc* pSrc, Zel16sc* pDst, int len, Zel16s level);
+ZELS_API ZelStatus zelsThreshold_LT_16sc_I(Zel16sc* pSrcDst, int len, Zel16s level);
+ZELS_API ZelStatus zelsThreshold_LT_32f(const Zel32f* pSrc, Zel32f* pDst, int len, Zel32f level);
+ZELS_API ZelStatus zelsThreshold_LT_32f_I(Zel32f* pSrcDst, int len, Zel32f level);
+ZELS_API ZelStatus zelsThreshold_LT_32fc(const Zel32fc* pSrc, Zel32fc* pDst, int len, Zel32f level);
+ZELS_API ZelStatus zelsThreshold_LT_32fc_I(Zel32fc* pSrcDst, int len, Zel32f level);
+ZELS_API ZelStatus zelsThreshold_LT_32s(const Zel32s* pSrc, Zel32s* pDst, int len, Zel32s level);
+ZELS_API ZelStatus zelsThreshold_LT_32s_I(Zel32s* pSrcDst, int len, Zel32s level);
+ZELS_API ZelStatus zelsThreshold_LT_64f(const Zel64f* pSrc, Zel64f* pDst, int len, Zel64f level);
+ZELS_API ZelStatus zelsThreshold_LT_64f_I(Zel64f* pSrcDst, int len, Zel64f level);
+ZELS_API ZelStatus zelsThreshold_LT_64fc(const Zel64fc* pSrc, Zel64fc* pDst, int len, Zel64f level);
+ZELS_API ZelStatus zelsThreshold_LT_64fc_I(Zel64fc* pSrcDst, int len, Zel64f level);
+ZELS_API ZelStatus zelsThreshold_GT_16s(const Zel16s* pSrc, Zel16s* pDst, int len, Zel16s level);
+ZELS_API ZelStatus zelsThreshold_GT_16s_I(Zel16s* pSrcDst, int len, Zel16s level);
+ZELS_API ZelStatus zelsThreshold_GT_16sc(const Zel16sc* pSrc, Zel16sc* pDst, int len, Zel16s level);
+ZELS_API ZelStatus zelsThreshold_GT_16sc_I(Zel16sc* pSrcDst, int len, Zel16s level);
+ZELS_API ZelStatus zelsThreshold_GT_32f(const Zel32f* pSrc, Zel32f* pDst, int len, Zel32f level);
+ZELS_API ZelStatus zelsThreshold_GT_32f_I(Zel32f* pSrcDst, int len, Zel32f level);
+ZELS_API ZelStatus zelsThreshold_GT_32fc(const Zel32fc* pSrc, Zel32fc* pDst, int len, Zel32f level);
+ZELS_API ZelStatus zelsThreshold_GT_32fc_I(Zel32fc* pSrcDst, int len, Zel32f level);
+ZELS_API ZelStatus zelsThreshold_GT_32s(const Zel32s* pSrc, Zel32s* pDst, int len, Zel32s level);
+ZELS_API ZelStatus zelsThreshold_GT_32s_I(Zel32s* pSrcDst, int len, Zel32s level);
+ZELS_API ZelStatus zelsThreshold_GT_64f(const Zel64f* pSrc, Zel64f* pDst, int len, Zel64f level);
+ZELS_API ZelStatus zelsThreshold_GT_64f_I(Zel64f* pSrcDst, int len, Zel64f level);
+ZELS_API ZelStatus zelsThreshold_GT_64fc(const Zel64fc* pSrc, Zel64fc* pDst, int len, Zel64f level);
+ZELS_API ZelStatus zelsThreshold_GT_64fc_I(Zel64fc* pSrcDst, int len, Zel64f level);
+/** @} */
+
+/** @name Replacement by a value
+ *  LTVal: the element where `level <= pSrc[n]`, else the value. GTVal: the element where `pSrc[n] <= level`,
+ *  else the value. Complex elements by their magnitudes. A NaN comes out as the value.
+ *  @param pSrc source
+ *  @param pDst destination
+ *  @param pSrcDst source and destination
+ *  @param len length in elements
+ *  @param level the last value that stays
+ *  @param value what takes the place of elements beyond the level
+ *  @return #zelErrNullPtr for a null pointer, else #zelErrSize for a length below 1, else (complex forms)
+ *  #zelErrThreshNegLevel for a level below 0, else #zelStatusOk
+ *  @{
+ */
+ZELS_API ZelStatus zelsThreshold_LTVal_16s(const Zel16s* pSrc, Zel16s* pDst, int len, Zel16s level,
+                                           Zel16s value);
+ZELS_API ZelStatus zelsThreshold_LTVal_16s_I(Zel16s* pSrcDst, int len, Zel16s level, Zel16s value);
+ZELS_API ZelStatus zelsThreshold_LTVal_16sc(const Zel16sc* pSrc, Zel16sc* pDst, int len, Zel16s level,
+                                            Zel16sc value);
+ZELS_API ZelStatus zelsThreshold_LTVal_16sc_I(Zel16sc* pSrcDst, int len, Zel16s level, Zel16sc value);
+ZELS_API ZelStatus zelsThreshold_LTVal_32f(const Zel32f* pSrc, Zel32f* pDst, int len, Zel32f level,
+                                           Zel32f value);
+ZELS_API ZelStatus zelsThreshold_LTVal_32f_I(Zel32f* pSrcDst, int len, Zel32f level, Zel32f value);
+ZELS_API ZelStatus zelsThreshold_LTVal_32fc(const Zel32fc* pSrc, Zel32fc* pDst, int len, Zel32f level,
+                                            Zel32fc value);
+ZELS_API ZelStatus zelsThreshold_LTVal_32fc_I(Zel32fc* pSrcDst, int len, Zel32f level, Zel32fc value);
+ZELS_API ZelStatus zelsThreshold_LTVal_64f(const Zel64f* pSrc, Zel64f* pDst, int len, Zel64f level,
+                                           Zel64f value);
+ZELS_API ZelStatus zelsThreshold_LTVal_64f_I(Zel64f* pSrcDst, int len, Zel64f level, Zel64f value);
+ZELS_API ZelStatus zelsThreshold_LTVal_64fc(const Zel64fc* pSrc, Zel64fc* pDst, int len, Zel64f level,
+                                            Zel64fc value);
+ZELS_API ZelStatus zelsThreshold_LTVal_64fc_I(Zel64fc* pSrcDst, int len, Zel64f level, Zel64fc value);
+ZELS_API ZelStatus zelsThreshold_GTVal_16s(const Zel16s* pSrc, Zel16s* pDst, int len, Zel16s level,
+                                           Zel16s value);
+ZELS_API ZelStatus zelsThreshold_GTVal_16s_I(Zel16s* pSrcDst, int len, Zel16s level, Zel16s value);
+ZELS_API ZelStatus zelsThreshold_GTVal_16sc(const Zel16sc* pSrc, Zel16sc* pDst, int len, Zel16s level,
+                                            Zel16sc value);
+ZELS_API ZelStatus zelsThreshold_GTVal_16sc_I(Zel16sc* pSrcDst, int len, Zel16s level, Zel16sc value);
+ZELS_API ZelStatus zelsThreshold_GTVal_32f(const Zel32f* pSrc, Zel32f* pDst, int len, Zel32f level,
+                                           Zel32f value);
+ZELS_API ZelStatus zelsThreshold_GTVal_32f_I(Zel32f* pSrcDst, int len, Zel32f level, Zel32f value);
+ZELS_API ZelStatus zelsThreshold_GTVal_32fc(const Zel32fc* pSrc, Zel32fc* pDst, int len, Zel32f level,
+                                            Zel32fc value);
+ZELS_API ZelStatus zelsThreshold_GTVal_32fc_I(Zel32fc* pSrcDst, int len, Zel32f level, Zel32fc value);
+ZELS_API ZelStatus zelsThreshold_GTVal_64f(const Zel64f* pSrc, Zel64f* pDst, int len, Zel64f level,
+                                           Zel64f value);
+ZELS_API ZelStatus zelsThreshold_GTVal_64f_I(Zel64f* pSrcDst, int len, Zel64f level, Zel64f value);
+ZELS_API ZelStatus zelsThreshold_GTVal_64fc(const Zel64fc* pSrc, Zel64fc* pDst, int len, Zel64f level,
+                                            Zel64fc value);
+ZELS_API ZelStatus zelsThreshold_GTVal_64fc_I(Zel64fc* pSrcDst, int len, Zel64f level, Zel64fc value);
+/** @} */
+
+/** @name Replacement on both sides
+ *  `valueLT` where `pSrc[n] < levelLT`, `valueGT` where `pSrc[n] > levelGT`, else the element; a NaN stays.
+ *  @param pSrc source
+ *  @param pDst destination
+ *  @param pSrcDst source and destination
+ *  @param len length in elements
+ *  @param levelLT lower level
+ *  @param valueLT what takes the place of elements below the lower level
+ *  @param levelGT upper level
+ *  @param valueGT what takes the place of elements above the upper level
+ *  @return #zelErrNullPtr for a null pointer, else #zelErrSize for a length below 1, else #zelErrThreshold
+ *  for a lower level above the upper one, else #zelStatusOk
+ *  @{
+ */
+ZELS_API ZelStatus zelsThreshold_LTValGTVal_16s(const Zel16s* pSrc, Zel16s* pDst, int len, Zel16s levelLT,
+                                                Zel16s valueLT, Zel16s levelGT, Zel16s valueGT);
+ZELS_API ZelStatus zelsThreshold_LTValGTVal_16s_I(Zel16s* pSrcDst, int len, Zel16s levelLT, Zel16s valueLT,
+                                                  Zel16s levelGT, Zel16s valueGT);
+ZELS_API ZelStatus zelsThreshold_LTValGTVal_32s(const Zel32s* pSrc, Zel32s* pDst, int len, Zel32s levelLT,
+                                                Zel32s valueLT, Zel32s levelGT, Zel32s valueGT);
+ZELS_API ZelStatus zelsThreshold_LTValGTVal_32s_I(Zel32s* pSrcDst, int len, Zel32s levelLT, Zel32s valueLT,
+                                                  Zel32s levelGT, Zel32s valueGT);
+ZELS_API ZelStatus zelsThreshold_LTValGTVal_32f(const Zel32f* pSrc, Zel32f* pDst, int len, Zel32f levelLT,
+                                                Zel32f valueLT, Zel32f levelGT, Zel32f valueGT);
+ZELS_API ZelStatus zelsThreshold_LTValGTVal_32f_I(Zel32f* pSrcDst, int len, Zel32f levelLT, Zel32f valueLT,
+                                                  Zel32f levelGT, Zel32f valueGT);
+ZELS_API ZelStatus zelsThreshold_LTValGTVal_64f(const Zel64f* pSrc, Zel64f* pDst, int len, Zel64f levelLT,
+                                                Zel64f valueLT, Zel64f levelGT, Zel64f valueGT);
+ZELS_API ZelStatus zelsThreshold_LTValGTVal_64f_I(Zel64f* pSrcDst, int len, Zel64f levelLT, Zel64f valueLT,
+                                                  Zel64f levelGT, Zel64f valueGT);
+/** @} */
+
+/** @name Limit on absolute values
+ *  The larger (LTAbs) or the smaller (GTAbs) of the absolute value and the level, with the sign of the
+ *  element; that of -32768 is 32768. Zeros have signs in float forms, and are positive in the others. A NaN
+ *  comes out as the level with its sign. The long forms test the length before the pointers.
+ *  @param pSrc source
+ *  @param pDst destination
+ *  @param pSrcDst source and destination
+ *  @param len length in elements
+ *  @param level the limit
+ *  @return #zelErrNullPtr for a null pointer, else #zelErrSize for a length below 1, else
+ *  #zelErrThreshNegLevel for a level below 0, else #zelStatusOk
+ *  @{
+ */
+ZELS_API ZelStatus zelsThreshold_LTAbs_16s(const Zel16s* pSrc, Zel16s* pDst, int len, Zel16s level);
+ZELS_API ZelStatus zelsThreshold_LTAbs_16s_I(Zel16s* pSrcDst, int len, Zel16s level);
+ZELS_API ZelStatus zelsThreshold_LTAbs_32s(const Zel32s* pSrc, Zel32s* pDst, int len, Zel32s level);
+ZELS_API ZelStatus zelsThreshold_LTAbs_32s_I(Zel32s* pSrcDst, int len, Zel32s level);
+ZELS_API ZelStatus zelsThreshold_LTAbs_32f(const Zel32f* pSrc, Zel32f* pDst, int len, Zel32f level);
+ZELS_API ZelStatus zelsThreshold_LTAbs_32f_I(Zel32f* pSrcDst, int len, Zel32f level);
+ZELS_API ZelStatus zelsThreshold_LTAbs_32f_L(const Zel32f* pSrc, Zel32f* pDst, ZelSize len, Zel32f level);
+ZELS_API ZelStatus zelsThreshold_LTAbs_32f_I_L(Zel32f* pSrcDst, ZelSize len, Zel32f level);
+ZELS_API ZelStatus zelsThreshold_LTAbs_64f(const Zel64f* pSrc, Zel64f* pDst, int len, Zel64f level);
+ZELS_API ZelStatus zelsThreshold_LTAbs_64f_I(Zel64f* pSrcDst, int len, Zel64f level);
+ZELS_API ZelStatus zelsThreshold_LTAbs_64f_L(const Zel64f* pSrc, Zel64f* pDst, ZelSize len, Zel64f level);
+ZELS_API ZelStatus zelsThreshold_LTAbs_64f_I_L(Zel64f* pSrcDst, ZelSize len, Zel64f level);
+ZELS_API ZelStatus zelsThreshold_GTAbs_16s(const Zel16s* pSrc, Zel16s* pDst, int len, Zel16s level);
+ZELS_API ZelStatus zelsThreshold_GTAbs_16s_I(Zel16s* pSrcDst, int len, Zel16s level);
+ZELS_API ZelStatus zelsThreshold_GTAbs_32s(const Zel32s* pSrc, Zel32s* pDst, int len, Zel32s level);
+ZELS_API ZelStatus zelsThreshold_GTAbs_32s_I(Zel32s* pSrcDst, int len, Zel32s level);
+ZELS_API ZelStatus zelsThreshold_GTAbs_32f(const Zel32f* pSrc, Zel32f* pDst, int len, Zel32f level);
+ZELS_API ZelStatus zelsThreshold_GTAbs_32f_I(Zel32f* pSrcDst, int len, Zel32f level);
+ZELS_API ZelStatus zelsThreshold_GTAbs_64f(const Zel64f* pSrc, Zel64f* pDst, int len, Zel64f level);
+ZELS_API ZelStatus zelsThreshold_GTAbs_64f_I(Zel64f* pSrcDst, int len, Zel64f level);
+/** @} */
+
+/** @name Replacement of small absolute values
+ *  The value where the absolute value is below the level, else the element; a NaN stays. A negative level is
+ *  no error, on purpose: it replaces nothing.
+ *  @param pSrc source
+ *  @param pDst destination
+ *  @param pSrcDst source and destination
+ *  @param len length in elements
+ *  @param level the lowest absolute value that stays
+ *  @param value what takes the place of smaller elements
+ *  @return #zelErrNullPtr for a null pointer, else #zelErrSize for a length below 1, else #zelStatusOk
+ *  @{
+ */
+ZELS_API ZelStatus zelsThreshold_LTAbsVal_16s(const Zel16s* pSrc, Zel16s* pDst, int len, Zel16s level,
+                                              Zel16s value);
+ZELS_API ZelStatus zelsThreshold_LTAbsVal_16s_I(Zel16s* pSrcDst, int len, Zel16s level, Zel16s value);
+ZELS_API ZelStatus zelsThreshold_LTAbsVal_32s(const Zel32s* pSrc, Zel32s* pDst, int len, Zel32s level,
+                                              Zel32s value);
+ZELS_API ZelStatus zelsThreshold_LTAbsVal_32s_I(Zel32s* pSrcDst, int len, Zel32s level, Zel32s value);
+ZELS_API ZelStatus zelsThreshold_LTAbsVal_32f(const Zel32f* pSrc, Zel32f* pDst, int len, Zel32f level,
+                                              Zel32f value);
+ZELS_API ZelStatus zelsThreshold_LTAbsVal_32f_I(Zel32f* pSrcDst, int len, Zel32f level, Zel32f value);
+ZELS_API ZelStatus zelsThreshold_LTAbsVal_64f(const Zel64f* pSrc, Zel64f* pDst, int len, Zel64f level,
+                                              Zel64f value);
+ZELS_API ZelStatus zelsThreshold_LTAbsVal_64f_I(Zel64f* pSrcDst, int len, Zel64f level, Zel64f value);
+/** @} */
+
+/** @name Inverse with a lower limit
+ *  The inverse of the larger of absolute value and level, with the sign of the element, truly divided; at
+ *  level 0 the inverse of the element. Complex forms divide the conjugate by m, and below the level by
+ *  sqrt(m) times the level, within 4 units in the last place, 8 in the directed rounding modes; where m is
+ *  out of the ordinary range they go over wider types. Above level 0 a NaN counts as 0 in real forms; at
+ *  level 0, and in complex forms, it stays one.
+ *  The inverse of a zero at level 0 is an infinity with the sign of the zero, of a complex zero (infinity,
+ *  0); above level 0 a complex zero gives (1 / level, 0).
+ *  @param pSrc source
+ *  @param pDst destination
+ *  @param pSrcDst source and destination
+ *  @param len length in elements
+ *  @param level the lowest magnitude that is inverted
+ *  @return #zelErrNullPtr for a null pointer, else #zelErrSize for a length below 1, else
+ *  #zelErrThreshNegLevel for a level below 0, else #zelWarnInvZero where an element was zero at level 0,
+ *  else #zelStatusOk
+ *  @{
+ */
+ZELS_API ZelStatus zelsThreshold_LTInv_32f(const Zel32f* pSrc, Zel32f* pDst, int len, Zel32f level);
+ZELS_API ZelStatus zelsThreshold_LTInv_32f_I(Zel32f* pSrcDst, int len, Zel32f level);
+ZELS_API ZelStatus zelsThreshold_LTInv_32fc(const Zel32fc* pSrc, Zel32fc* pDst, int len, Zel32f level);
+ZELS_API ZelStatus zelsThreshold_LTInv_32fc_I(Zel32fc* pSrcDst, int len, Zel32f level);
+ZELS_API ZelStatus zelsThreshold_LTInv_64f(const Zel64f* pSrc, Zel64f* pDst, int len, Zel64f level);
+ZELS_API ZelStatus zelsThreshold_LTInv_64f_I(Zel64f* pSrcDst, int len, Zel64f level);
+ZELS_API ZelStatus zelsThreshold_LTInv_64fc(const Zel64fc* pSrc, Zel64fc* pDst, int len, Zel64f level);
+ZELS_API ZelStatus zelsThreshold_LTInv_64fc_I(Zel64fc* pSrcDst, int len, Zel64f level);
+/** @} */
+
+/** @} */
+
 #ifdef __cplusplus
 }
 #endif

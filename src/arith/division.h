@@ -209,11 +209,6 @@ struct OwnsWatching {
     }
 };
 
-template <class D>
-inline constexpr OwnsShape ownsShapeOf = sizeof(D) == 1   ? shape_8u
-                                         : sizeof(D) == 2 ? shape_16s
-                                                          : shape_32s;
-
 /// The quotients of two vectors, behind the checks.
 template <OwnsQuotientRange range, class Round, class D, class S1, class S2>
 [[gnu::noinline]] ZelStatus ownsDivideVectors(const S1* pSrc1, const S2* pSrc2, D* pDst, int len,

@@ -43,6 +43,28 @@ inline constexpr OwnsShape shape_16sc{8};
 inline constexpr OwnsShape shape_32s{8};
 inline constexpr OwnsShape shape_32sc{4};
 
+/// The cut of an element type.
+template <class T>
+inline constexpr OwnsShape ownsShapeOf = shape_32s;
+template <>
+inline constexpr OwnsShape ownsShapeOf<Zel8u> = shape_8u;
+template <>
+inline constexpr OwnsShape ownsShapeOf<Zel8s> = shape_8u;
+template <>
+inline constexpr OwnsShape ownsShapeOf<Zel16u> = shape_16s;
+template <>
+inline constexpr OwnsShape ownsShapeOf<Zel16s> = shape_16s;
+template <>
+inline constexpr OwnsShape ownsShapeOf<Zel16sc> = shape_16sc;
+template <>
+inline constexpr OwnsShape ownsShapeOf<Zel32f> = shape_32f;
+template <>
+inline constexpr OwnsShape ownsShapeOf<Zel32fc> = shape_32fc;
+template <>
+inline constexpr OwnsShape ownsShapeOf<Zel64f> = shape_64f;
+template <>
+inline constexpr OwnsShape ownsShapeOf<Zel64fc> = shape_64fc;
+
 inline constexpr OwnsShape shapeAdd_32f{11, 87383};
 inline constexpr OwnsShape shapeAdd_64f{5, 43691};
 inline constexpr OwnsShape shapeMul_64f{5, 43687};

@@ -4,9 +4,9 @@
 // an element's result depends neither on its place nor on the length.
 #pragma once
 
+#include "frame/squares.h"
 #include "math/hypot.h"
 #include "math/root.h"
-#include "math/squares.h"
 
 #include <bit>
 #include <cfloat>

@@ -1,8 +1,8 @@
 // Power of complex data: PowerSpectr.
 #include "frame/entry.h"
 #include "frame/scaledMap.h"
+#include "frame/squares.h"
 #include "math/root.h"
-#include "math/squares.h"
 #include "zels.h"
 
 namespace {

@@ -1,6 +1,6 @@
 // Pairwise maxima and minima.
+#include "frame/extremes.h"
 #include "frame/map.h"
-#include "stats/extrema.h"
 #include "zels.h"
 
 namespace {

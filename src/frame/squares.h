@@ -1,4 +1,4 @@
-// Exact sums of squares of 16-bit parts: magnitudes and powers are made of them.
+// Sums of squares of parts, exact for 16 bits: magnitudes, their comparisons and powers are made of them.
 #pragma once
 
 #include "frame/vec.h"
