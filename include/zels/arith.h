@@ -1079,6 +1079,123 @@ ZELS_API ZelStatus zelsConvert_16f16s_Sfs(const Zel16f* pSrc, Zel16s* pDst, int 
 
 /** @} */
 
+/** @defgroup bits Logic and shifts
+ *  Operations on the bits of each element. Source and destination may be the same array; arrays that overlap in
+ * another way are not.
+ *  @{
+ */
+
+/** @name Logic of two vectors
+ *  `pDst[n] = pSrc1[n] op pSrc2[n]`; the `_I` forms: `pSrcDst[n] = pSrcDst[n] op pSrc[n]`.
+ *  @param pSrc1 first source
+ *  @param pSrc2 second source
+ *  @param pDst destination
+ *  @param pSrc source
+ *  @param pSrcDst source and destination
+ *  @param len length in elements
+ *  @return #zelErrNullPtr for a null pointer, else #zelErrSize for a length below 1, else #zelStatusOk
+ *  @{
+ */
+ZELS_API ZelStatus zelsAnd_8u(const Zel8u* pSrc1, const Zel8u* pSrc2, Zel8u* pDst, int len);
+ZELS_API ZelStatus zelsAnd_8u_I(const Zel8u* pSrc, Zel8u* pSrcDst, int len);
+ZELS_API ZelStatus zelsAnd_16u(const Zel16u* pSrc1, const Zel16u* pSrc2, Zel16u* pDst, int len);
+ZELS_API ZelStatus zelsAnd_16u_I(const Zel16u* pSrc, Zel16u* pSrcDst, int len);
+ZELS_API ZelStatus zelsAnd_32u(const Zel32u* pSrc1, const Zel32u* pSrc2, Zel32u* pDst, int len);
+ZELS_API ZelStatus zelsAnd_32u_I(const Zel32u* pSrc, Zel32u* pSrcDst, int len);
+ZELS_API ZelStatus zelsOr_8u(const Zel8u* pSrc1, const Zel8u* pSrc2, Zel8u* pDst, int len);
+ZELS_API ZelStatus zelsOr_8u_I(const Zel8u* pSrc, Zel8u* pSrcDst, int len);
+ZELS_API ZelStatus zelsOr_16u(const Zel16u* pSrc1, const Zel16u* pSrc2, Zel16u* pDst, int len);
+ZELS_API ZelStatus zelsOr_16u_I(const Zel16u* pSrc, Zel16u* pSrcDst, int len);
+ZELS_API ZelStatus zelsOr_32u(const Zel32u* pSrc1, const Zel32u* pSrc2, Zel32u* pDst, int len);
+ZELS_API ZelStatus zelsOr_32u_I(const Zel32u* pSrc, Zel32u* pSrcDst, int len);
+ZELS_API ZelStatus zelsXor_8u(const Zel8u* pSrc1, const Zel8u* pSrc2, Zel8u* pDst, int len);
+ZELS_API ZelStatus zelsXor_8u_I(const Zel8u* pSrc, Zel8u* pSrcDst, int len);
+ZELS_API ZelStatus zelsXor_16u(const Zel16u* pSrc1, const Zel16u* pSrc2, Zel16u* pDst, int len);
+ZELS_API ZelStatus zelsXor_16u_I(const Zel16u* pSrc, Zel16u* pSrcDst, int len);
+ZELS_API ZelStatus zelsXor_32u(const Zel32u* pSrc1, const Zel32u* pSrc2, Zel32u* pDst, int len);
+ZELS_API ZelStatus zelsXor_32u_I(const Zel32u* pSrc, Zel32u* pSrcDst, int len);
+/** @} */
+
+/** @name Logic with a constant
+ *  `pDst[n] = pSrc[n] op val`. A constant of 0 makes AndC a fill with zeros, OrC and XorC a copy.
+ *  @param pSrc source
+ *  @param val constant
+ *  @param pDst destination
+ *  @param pSrcDst source and destination
+ *  @param len length in elements
+ *  @return #zelErrNullPtr for a null pointer, else #zelErrSize for a length below 1, else #zelStatusOk
+ *  @{
+ */
+ZELS_API ZelStatus zelsAndC_8u(const Zel8u* pSrc, Zel8u val, Zel8u* pDst, int len);
+ZELS_API ZelStatus zelsAndC_8u_I(Zel8u val, Zel8u* pSrcDst, int len);
+ZELS_API ZelStatus zelsAndC_16u(const Zel16u* pSrc, Zel16u val, Zel16u* pDst, int len);
+ZELS_API ZelStatus zelsAndC_16u_I(Zel16u val, Zel16u* pSrcDst, int len);
+ZELS_API ZelStatus zelsAndC_32u(const Zel32u* pSrc, Zel32u val, Zel32u* pDst, int len);
+ZELS_API ZelStatus zelsAndC_32u_I(Zel32u val, Zel32u* pSrcDst, int len);
+ZELS_API ZelStatus zelsOrC_8u(const Zel8u* pSrc, Zel8u val, Zel8u* pDst, int len);
+ZELS_API ZelStatus zelsOrC_8u_I(Zel8u val, Zel8u* pSrcDst, int len);
+ZELS_API ZelStatus zelsOrC_16u(const Zel16u* pSrc, Zel16u val, Zel16u* pDst, int len);
+ZELS_API ZelStatus zelsOrC_16u_I(Zel16u val, Zel16u* pSrcDst, int len);
+ZELS_API ZelStatus zelsOrC_32u(const Zel32u* pSrc, Zel32u val, Zel32u* pDst, int len);
+ZELS_API ZelStatus zelsOrC_32u_I(Zel32u val, Zel32u* pSrcDst, int len);
+ZELS_API ZelStatus zelsXorC_8u(const Zel8u* pSrc, Zel8u val, Zel8u* pDst, int len);
+ZELS_API ZelStatus zelsXorC_8u_I(Zel8u val, Zel8u* pSrcDst, int len);
+ZELS_API ZelStatus zelsXorC_16u(const Zel16u* pSrc, Zel16u val, Zel16u* pDst, int len);
+ZELS_API ZelStatus zelsXorC_16u_I(Zel16u val, Zel16u* pSrcDst, int len);
+ZELS_API ZelStatus zelsXorC_32u(const Zel32u* pSrc, Zel32u val, Zel32u* pDst, int len);
+ZELS_API ZelStatus zelsXorC_32u_I(Zel32u val, Zel32u* pSrcDst, int len);
+/** @} */
+
+/** @name Complement
+ *  `pDst[n] = ~pSrc[n]`.
+ *  @param pSrc source
+ *  @param pDst destination
+ *  @param pSrcDst source and destination
+ *  @param len length in elements
+ *  @return #zelErrNullPtr for a null pointer, else #zelErrSize for a length below 1, else #zelStatusOk
+ *  @{
+ */
+ZELS_API ZelStatus zelsNot_8u(const Zel8u* pSrc, Zel8u* pDst, int len);
+ZELS_API ZelStatus zelsNot_8u_I(Zel8u* pSrcDst, int len);
+ZELS_API ZelStatus zelsNot_16u(const Zel16u* pSrc, Zel16u* pDst, int len);
+ZELS_API ZelStatus zelsNot_16u_I(Zel16u* pSrcDst, int len);
+ZELS_API ZelStatus zelsNot_32u(const Zel32u* pSrc, Zel32u* pDst, int len);
+ZELS_API ZelStatus zelsNot_32u_I(Zel32u* pSrcDst, int len);
+/** @} */
+
+/** @name Shifts by a constant
+ *  To the left, zeros move in and the bits that pass the top are lost; nothing saturates. To the right, zeros
+ * move into unsigned elements and copies of the sign into signed ones. A count of the element's width or more
+ * leaves 0, and of signed elements shifted to the right the sign: 0 or -1.
+ *  @param pSrc source
+ *  @param val shift count, at least 0
+ *  @param pDst destination
+ *  @param pSrcDst source and destination
+ *  @param len length in elements
+ *  @return #zelErrNullPtr for a null pointer, else #zelErrSize for a length below 1, else #zelErrShift for a
+ *  negative count, else #zelStatusOk
+ *  @{
+ */
+ZELS_API ZelStatus zelsLShiftC_8u(const Zel8u* pSrc, int val, Zel8u* pDst, int len);
+ZELS_API ZelStatus zelsLShiftC_8u_I(int val, Zel8u* pSrcDst, int len);
+ZELS_API ZelStatus zelsLShiftC_16u(const Zel16u* pSrc, int val, Zel16u* pDst, int len);
+ZELS_API ZelStatus zelsLShiftC_16u_I(int val, Zel16u* pSrcDst, int len);
+ZELS_API ZelStatus zelsLShiftC_16s(const Zel16s* pSrc, int val, Zel16s* pDst, int len);
+ZELS_API ZelStatus zelsLShiftC_16s_I(int val, Zel16s* pSrcDst, int len);
+ZELS_API ZelStatus zelsLShiftC_32s(const Zel32s* pSrc, int val, Zel32s* pDst, int len);
+ZELS_API ZelStatus zelsLShiftC_32s_I(int val, Zel32s* pSrcDst, int len);
+ZELS_API ZelStatus zelsRShiftC_8u(const Zel8u* pSrc, int val, Zel8u* pDst, int len);
+ZELS_API ZelStatus zelsRShiftC_8u_I(int val, Zel8u* pSrcDst, int len);
+ZELS_API ZelStatus zelsRShiftC_16u(const Zel16u* pSrc, int val, Zel16u* pDst, int len);
+ZELS_API ZelStatus zelsRShiftC_16u_I(int val, Zel16u* pSrcDst, int len);
+ZELS_API ZelStatus zelsRShiftC_16s(const Zel16s* pSrc, int val, Zel16s* pDst, int len);
+ZELS_API ZelStatus zelsRShiftC_16s_I(int val, Zel16s* pSrcDst, int len);
+ZELS_API ZelStatus zelsRShiftC_32s(const Zel32s* pSrc, int val, Zel32s* pDst, int len);
+ZELS_API ZelStatus zelsRShiftC_32s_I(int val, Zel32s* pSrcDst, int len);
+/** @} */
+
+/** @} */
+
 #ifdef __cplusplus
 }
 #endif

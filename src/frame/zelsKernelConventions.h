@@ -43,6 +43,9 @@ inline constexpr OwnsShape shape_16sc{8};
 inline constexpr OwnsShape shape_32s{8};
 inline constexpr OwnsShape shape_32sc{4};
 
+// Operations on bits and moves of elements, of any type: exact, so that no cut shows, and with ordinary stores.
+inline constexpr OwnsShape shapeBits{1};
+
 inline constexpr OwnsShape shapeAdd_32f{11, 87383};
 inline constexpr OwnsShape shapeAdd_64f{5, 43691};
 inline constexpr OwnsShape shapeMul_64f{5, 43687};
