@@ -5,7 +5,6 @@
 #include <smmintrin.h>
 #if BENCH_HAS_VOLK
 #include <volk/volk_32i_x2_and_32i.h>
-#include <volk/volk_32i_x2_or_32i.h>
 #endif
 
 namespace {
@@ -95,8 +94,8 @@ const bench::Family logic("Logic", [](bench::Run& run) {
     vectors<zelsOr_16u, zelsOr_16u_I, bitOr, Zel16u>(run, "zelsOr_16u");
     vectors<zelsXor_32u, zelsXor_32u_I, bitXor, Zel32u>(run, "zelsXor_32u");
     run.map("zelsAnd_32u", zelsAnd_32u, bench::peer("SSE loop", sse<instruction, bitAnd, Zel32u>),
-            BENCH_VOLK("VOLK SSE", [](const Zel32u* a, const Zel32u* b, Zel32u* d, int n) {
-                volk_32i_x2_and_32i_u_sse(reinterpret_cast<int32_t*>(d), reinterpret_cast<const int32_t*>(a),
+            BENCH_VOLK("VOLK SSE (aligned)", [](const Zel32u* a, const Zel32u* b, Zel32u* d, int n) {
+                volk_32i_x2_and_32i_a_sse(reinterpret_cast<int32_t*>(d), reinterpret_cast<const int32_t*>(a),
                                           reinterpret_cast<const int32_t*>(b), static_cast<unsigned>(n));
             }));
     run.map("zelsNot_8u", zelsNot_8u, bench::loop(bench::plain<bitNot, Zel8u, Zel8u>));

@@ -1196,6 +1196,102 @@ ZELS_API ZelStatus zelsRShiftC_32s_I(int val, Zel32s* pSrcDst, int len);
 
 /** @} */
 
+/** @defgroup complexparts Complex data
+ *  Conjugates, and complex vectors from and to vectors of their parts. Floats are moved by their bits: a NaN keeps
+ * its payload. The long forms test the length before the pointers.
+ *  @{
+ */
+
+/** @name Conjugate
+ *  `pDst[n] = (pSrc[n].re, -pSrc[n].im)`. Floats have the sign bit of the imaginary part changed; of integers
+ * -32768 gives 32767. Source and destination may be the same array.
+ *  @param pSrc source
+ *  @param pDst destination
+ *  @param pSrcDst source and destination
+ *  @param len length in elements
+ *  @return #zelErrNullPtr for a null pointer, else #zelErrSize for a length below 1, else #zelStatusOk
+ *  @{
+ */
+ZELS_API ZelStatus zelsConj_16sc(const Zel16sc* pSrc, Zel16sc* pDst, int len);
+ZELS_API ZelStatus zelsConj_16sc_I(Zel16sc* pSrcDst, int len);
+ZELS_API ZelStatus zelsConj_32fc(const Zel32fc* pSrc, Zel32fc* pDst, int len);
+ZELS_API ZelStatus zelsConj_32fc_I(Zel32fc* pSrcDst, int len);
+ZELS_API ZelStatus zelsConj_32fc_L(const Zel32fc* pSrc, Zel32fc* pDst, ZelSize len);
+ZELS_API ZelStatus zelsConj_32fc_I_L(Zel32fc* pSrcDst, ZelSize len);
+ZELS_API ZelStatus zelsConj_64fc(const Zel64fc* pSrc, Zel64fc* pDst, int len);
+ZELS_API ZelStatus zelsConj_64fc_I(Zel64fc* pSrcDst, int len);
+ZELS_API ZelStatus zelsConj_64fc_L(const Zel64fc* pSrc, Zel64fc* pDst, ZelSize len);
+ZELS_API ZelStatus zelsConj_64fc_I_L(Zel64fc* pSrcDst, ZelSize len);
+/** @} */
+
+/** @name Conjugate end for end
+ *  `pDst[n] = conj(pSrc[len - 1 - n])`. Source and destination may be the same array.
+ *  @param pSrc source
+ *  @param pDst destination
+ *  @param len length in elements
+ *  @return #zelErrNullPtr for a null pointer, else #zelErrSize for a length below 1, else #zelStatusOk
+ *  @{
+ */
+ZELS_API ZelStatus zelsConjFlip_16sc(const Zel16sc* pSrc, Zel16sc* pDst, int len);
+ZELS_API ZelStatus zelsConjFlip_32fc(const Zel32fc* pSrc, Zel32fc* pDst, int len);
+ZELS_API ZelStatus zelsConjFlip_64fc(const Zel64fc* pSrc, Zel64fc* pDst, int len);
+/** @} */
+
+/** @name One part of complex elements
+ *  `pDstRe[n] = pSrc[n].re`, `pDstIm[n] = pSrc[n].im`.
+ *  @param pSrc source
+ *  @param pDstRe destination of Real
+ *  @param pDstIm destination of Imag
+ *  @param len length in elements
+ *  @return #zelErrNullPtr for a null pointer, else #zelErrSize for a length below 1, else #zelStatusOk
+ *  @{
+ */
+ZELS_API ZelStatus zelsReal_16sc(const Zel16sc* pSrc, Zel16s* pDstRe, int len);
+ZELS_API ZelStatus zelsReal_32fc(const Zel32fc* pSrc, Zel32f* pDstRe, int len);
+ZELS_API ZelStatus zelsReal_64fc(const Zel64fc* pSrc, Zel64f* pDstRe, int len);
+ZELS_API ZelStatus zelsImag_16sc(const Zel16sc* pSrc, Zel16s* pDstIm, int len);
+ZELS_API ZelStatus zelsImag_32fc(const Zel32fc* pSrc, Zel32f* pDstIm, int len);
+ZELS_API ZelStatus zelsImag_64fc(const Zel64fc* pSrc, Zel64f* pDstIm, int len);
+/** @} */
+
+/** @name Both parts of complex elements
+ *  `pDstRe[n] = pSrc[n].re` and `pDstIm[n] = pSrc[n].im`. The arrays must not overlap.
+ *  @param pSrc source
+ *  @param pDstRe destination of the real parts
+ *  @param pDstIm destination of the imaginary parts
+ *  @param len length in elements
+ *  @return #zelErrNullPtr for a null pointer, else #zelErrSize for a length below 1, else #zelStatusOk
+ *  @{
+ */
+ZELS_API ZelStatus zelsCplxToReal_16sc(const Zel16sc* pSrc, Zel16s* pDstRe, Zel16s* pDstIm, int len);
+ZELS_API ZelStatus zelsCplxToReal_32fc(const Zel32fc* pSrc, Zel32f* pDstRe, Zel32f* pDstIm, int len);
+ZELS_API ZelStatus zelsCplxToReal_32fc_L(const Zel32fc* pSrc, Zel32f* pDstRe, Zel32f* pDstIm, ZelSize len);
+ZELS_API ZelStatus zelsCplxToReal_64fc(const Zel64fc* pSrc, Zel64f* pDstRe, Zel64f* pDstIm, int len);
+ZELS_API ZelStatus zelsCplxToReal_64fc_L(const Zel64fc* pSrc, Zel64f* pDstRe, Zel64f* pDstIm, ZelSize len);
+/** @} */
+
+/** @name Complex elements from their parts
+ *  `pDst[n] = (pSrcRe[n], pSrcIm[n])`. Without one of the sources that part of every element is 0. The arrays
+ * must not overlap.
+ *  @param pSrcRe real parts, or null
+ *  @param pSrcIm imaginary parts, or null
+ *  @param pDst destination
+ *  @param len length in elements
+ *  @return #zelErrNullPtr for a null destination, else #zelErrSize for a length below 1, else #zelErrNullPtr
+ *  if both sources are null, else #zelStatusOk
+ *  @{
+ */
+ZELS_API ZelStatus zelsRealToCplx_16s(const Zel16s* pSrcRe, const Zel16s* pSrcIm, Zel16sc* pDst, int len);
+ZELS_API ZelStatus zelsRealToCplx_32f(const Zel32f* pSrcRe, const Zel32f* pSrcIm, Zel32fc* pDst, int len);
+ZELS_API ZelStatus zelsRealToCplx_32f_L(const Zel32f* pSrcRe, const Zel32f* pSrcIm, Zel32fc* pDst,
+                                        ZelSize len);
+ZELS_API ZelStatus zelsRealToCplx_64f(const Zel64f* pSrcRe, const Zel64f* pSrcIm, Zel64fc* pDst, int len);
+ZELS_API ZelStatus zelsRealToCplx_64f_L(const Zel64f* pSrcRe, const Zel64f* pSrcIm, Zel64fc* pDst,
+                                        ZelSize len);
+/** @} */
+
+/** @} */
+
 #ifdef __cplusplus
 }
 #endif
