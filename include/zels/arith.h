@@ -1292,6 +1292,82 @@ ZELS_API ZelStatus zelsRealToCplx_64f_L(const Zel64f* pSrcRe, const Zel64f* pSrc
 
 /** @} */
 
+/** @defgroup order Bit and byte order
+ *  Elements end for end, bytes of each element in reverse, and bit strings at any position.
+ *  @{
+ */
+
+/** @name End for end
+ *  `pDst[n] = pSrc[len - 1 - n]`, by the bit pattern. Source and destination may be the same array; arrays that
+ * overlap in another way are not. The long forms work in one piece and test the pointers first, as the others do.
+ *  @param pSrc source
+ *  @param pDst destination
+ *  @param pSrcDst source and destination
+ *  @param len length in elements
+ *  @return #zelErrNullPtr for a null pointer, else #zelErrSize for a length below 1, else #zelStatusOk
+ *  @{
+ */
+ZELS_API ZelStatus zelsFlip_8u(const Zel8u* pSrc, Zel8u* pDst, int len);
+ZELS_API ZelStatus zelsFlip_8u_I(Zel8u* pSrcDst, int len);
+ZELS_API ZelStatus zelsFlip_16u(const Zel16u* pSrc, Zel16u* pDst, int len);
+ZELS_API ZelStatus zelsFlip_16u_I(Zel16u* pSrcDst, int len);
+ZELS_API ZelStatus zelsFlip_32f(const Zel32f* pSrc, Zel32f* pDst, int len);
+ZELS_API ZelStatus zelsFlip_32f_I(Zel32f* pSrcDst, int len);
+ZELS_API ZelStatus zelsFlip_32f_L(const Zel32f* pSrc, Zel32f* pDst, ZelSize len);
+ZELS_API ZelStatus zelsFlip_32f_I_L(Zel32f* pSrcDst, ZelSize len);
+ZELS_API ZelStatus zelsFlip_64f(const Zel64f* pSrc, Zel64f* pDst, int len);
+ZELS_API ZelStatus zelsFlip_64f_I(Zel64f* pSrcDst, int len);
+ZELS_API ZelStatus zelsFlip_64f_L(const Zel64f* pSrc, Zel64f* pDst, ZelSize len);
+ZELS_API ZelStatus zelsFlip_64f_I_L(Zel64f* pSrcDst, ZelSize len);
+ZELS_API ZelStatus zelsFlip_32fc(const Zel32fc* pSrc, Zel32fc* pDst, int len);
+ZELS_API ZelStatus zelsFlip_32fc_I(Zel32fc* pSrcDst, int len);
+ZELS_API ZelStatus zelsFlip_32fc_L(const Zel32fc* pSrc, Zel32fc* pDst, ZelSize len);
+ZELS_API ZelStatus zelsFlip_32fc_I_L(Zel32fc* pSrcDst, ZelSize len);
+ZELS_API ZelStatus zelsFlip_64fc(const Zel64fc* pSrc, Zel64fc* pDst, int len);
+ZELS_API ZelStatus zelsFlip_64fc_I(Zel64fc* pSrcDst, int len);
+ZELS_API ZelStatus zelsFlip_64fc_L(const Zel64fc* pSrc, Zel64fc* pDst, ZelSize len);
+ZELS_API ZelStatus zelsFlip_64fc_I_L(Zel64fc* pSrcDst, ZelSize len);
+/** @} */
+
+/** @name Byte order
+ *  The bytes of each element in reverse order. Elements of the 24u forms are three bytes: 1, 2, 3 gives 3, 2, 1.
+ * Source and destination may be the same array. Above 524,288 elements zelsSwapBytes_24u writes past the caches.
+ *  @param pSrc source
+ *  @param pDst destination
+ *  @param pSrcDst source and destination
+ *  @param len length in elements
+ *  @return #zelErrNullPtr for a null pointer, else #zelErrSize for a length below 1, else #zelStatusOk
+ *  @{
+ */
+ZELS_API ZelStatus zelsSwapBytes_16u(const Zel16u* pSrc, Zel16u* pDst, int len);
+ZELS_API ZelStatus zelsSwapBytes_16u_I(Zel16u* pSrcDst, int len);
+ZELS_API ZelStatus zelsSwapBytes_24u(const Zel8u* pSrc, Zel8u* pDst, int len);
+ZELS_API ZelStatus zelsSwapBytes_24u_I(Zel8u* pSrcDst, int len);
+ZELS_API ZelStatus zelsSwapBytes_32u(const Zel32u* pSrc, Zel32u* pDst, int len);
+ZELS_API ZelStatus zelsSwapBytes_32u_I(Zel32u* pSrcDst, int len);
+ZELS_API ZelStatus zelsSwapBytes_64u(const Zel64u* pSrc, Zel64u* pDst, int len);
+ZELS_API ZelStatus zelsSwapBytes_64u_I(Zel64u* pSrcDst, int len);
+/** @} */
+
+/** @name Bit strings
+ *  Copies `len` bits from bit `srcBitOffset` of the source on to bit `dstBitOffset` of the destination on. Bit i
+ * lies in byte i / 8; zelsCopyLE_1u counts the bits of a byte from the lowest, zelsCopyBE_1u from the highest.
+ * The other bits of the destination stay as they were. The bytes must not overlap.
+ *  @param pSrc source
+ *  @param srcBitOffset first bit of the source, at least 0
+ *  @param pDst destination
+ *  @param dstBitOffset first bit of the destination, at least 0
+ *  @param len length in bits
+ *  @return #zelErrNullPtr for a null pointer, else #zelErrSize for a length below 1 or a negative offset, else
+ *  #zelStatusOk
+ *  @{
+ */
+ZELS_API ZelStatus zelsCopyBE_1u(const Zel8u* pSrc, int srcBitOffset, Zel8u* pDst, int dstBitOffset, int len);
+ZELS_API ZelStatus zelsCopyLE_1u(const Zel8u* pSrc, int srcBitOffset, Zel8u* pDst, int dstBitOffset, int len);
+/** @} */
+
+/** @} */
+
 #ifdef __cplusplus
 }
 #endif

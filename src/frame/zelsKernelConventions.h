@@ -57,6 +57,7 @@ inline constexpr OwnsShape shapeMulC_32fc{5, 65539};
 inline constexpr OwnsShape shapeMulC_32fc_I{5, 131073};
 inline constexpr OwnsShape shapeAdd_16s32f{1, 262151};
 inline constexpr OwnsShape shapeMul_16s32s{1, 262151};
+inline constexpr OwnsShape shapeSwapBytes_24u{1, 524288};
 
 // Conversions stream later, from four mebibytes on.
 inline constexpr OwnsShape shapeConvert_16s32s{8, 699050};
