@@ -5,9 +5,9 @@
 
 namespace {
 
-constexpr auto reals = [](auto x) { return ownsDivided(x).first; };
-constexpr auto imags = [](auto x) { return ownsDivided(x).second; };
-constexpr auto both = [](auto x) { return ownsDivided(x); };
+constexpr OwnsLight reals{[](auto x) { return ownsDivided(x).first; }};
+constexpr OwnsLight imags{[](auto x) { return ownsDivided(x).second; }};
+constexpr OwnsLight both{[](auto x) { return ownsDivided(x); }};
 
 /// One pass writes both arrays in sequence, as two would, and reads the source once.
 template <class C>
@@ -23,6 +23,7 @@ template <class C>
 /// Elements of C from vectors of their parts, which `zip` puts together.
 template <class C, class Zip>
 struct Joined {
+    static constexpr OwnsCode code = OwnsCode::light;
     Zip zip;
 
     template <class... V>

@@ -6,7 +6,7 @@
 
 namespace {
 
-constexpr auto conjugate = [](auto x) { return ownsConjugate(x); };
+constexpr OwnsLight conjugate{[](auto x) { return ownsConjugate(x); }};
 
 template <class C>
 ZelStatus conj(const C* pSrc, C* pDst, int len)

@@ -82,7 +82,7 @@ ZelStatus copyBits(const Zel8u* pSrc, int srcBitOffset, Zel8u* pDst, int dstBitO
     if (from == 0)
         ownsCopyBytes(pSrc, pDst, bytes);
     else if (bytes > 0)
-        ownsMap<shapeBits>(typename Order::Realign(from), pDst, bytes, pSrc, pSrc + 1);
+        ownsMap<shapeBits>(OwnsLight{typename Order::Realign(from)}, pDst, bytes, pSrc, pSrc + 1);
     if (const int n = len % 8; n != 0)
         copyWithinByte<Order>(pSrc + bytes, from, pDst + bytes, 0, n);
     return zelStatusOk;

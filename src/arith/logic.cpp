@@ -15,7 +15,7 @@ constexpr auto bitXor = [](auto a, auto b) { return a ^ b; };
 template <auto op, class T>
 ZelStatus vectors(const T* pSrc1, const T* pSrc2, T* pDst, int len)
 {
-    return ownsRun<shapeBits>(op, pDst, len, pSrc1, pSrc2);
+    return ownsRun<shapeBits>(OwnsLight{op}, pDst, len, pSrc1, pSrc2);
 }
 
 template <auto op, class T>
@@ -29,7 +29,7 @@ ZelStatus constant(const T* pSrc, T val, T* pDst, int len)
         else
             return ownsCopyUnlessSame(pSrc, pDst, len);
     }
-    ownsMap<shapeBits>([mask = ownsSplat(val)](auto x) { return op(x, mask); }, pDst, len, pSrc);
+    ownsMap<shapeBits>(OwnsLight{[mask = ownsSplat(val)](auto x) { return op(x, mask); }}, pDst, len, pSrc);
     return zelStatusOk;
 }
 

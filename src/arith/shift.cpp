@@ -62,7 +62,7 @@ ZelStatus shifted(const T* pSrc, int val, T* pDst, int len)
         return ownsCopyUnlessSame(pSrc, pDst, len);
     if (val >= width<T>) [[unlikely]]
         return ownsZero(pDst, len);
-    ownsMap<shapeBits>(Shift<T>(val), pDst, len, pSrc);
+    ownsMap<shapeBits>(OwnsLight{Shift<T>(val)}, pDst, len, pSrc);
     return zelStatusOk;
 }
 

@@ -16,9 +16,8 @@ constexpr OwnsVec<Zel8u> swapped = []<int... k>(std::integer_sequence<int, k...>
 template <class T>
 ZelStatus swapBytes(const T* pSrc, T* pDst, int len)
 {
-    constexpr auto swap = [](auto x) {
-        return ownsAs<T>(_mm_shuffle_epi8(ownsInt(x), ownsInt(swapped<sizeof(T)>)));
-    };
+    constexpr OwnsLight swap{
+        [](auto x) { return ownsAs<T>(_mm_shuffle_epi8(ownsInt(x), ownsInt(swapped<sizeof(T)>))); }};
     return ownsRun<shapeBits>(swap, pDst, len, pSrc);
 }
 

@@ -141,6 +141,11 @@ template <class T, class Op, class Destination, class... S>
             owns_detail::somePart<T>(op, dst, 0, peel, pSrc...);
             i = peel;
         }
+    if constexpr (ownsCodeOf<Op> == OwnsCode::light)
+        for (; i <= len - 2 * lanes; i += 2 * lanes) {
+            dst.put(i, op(ownsTake<T>(pSrc + i)...));
+            dst.put(i + lanes, op(ownsTake<T>(pSrc + i + lanes)...));
+        }
     for (; i <= len - lanes; i += lanes)
         dst.put(i, op(ownsTake<T>(pSrc + i)...));
     if (i < len)
