@@ -35,19 +35,26 @@ template <class T, class Op>
 [[gnu::always_inline]] inline void ownsFlip(Op op, const T* pSrc, T* pDst, ZelSize len)
 {
     constexpr ZelSize lanes = ownsLanes<T>;
-    const auto end = [&](ZelSize i) { return op(ownsFlipped<T>(ownsLoad(pSrc + len - i - lanes))); };
+    const auto end = [&](ZelSize i)
+                         OWNS_INLINE { return op(ownsFlipped<T>(ownsLoad(pSrc + len - i - lanes))); };
     const auto part = [&](ZelSize i, int n) {
         ownsStorePart(pDst + i, op(ownsFlippedPart<T>(ownsLoadPart(pSrc + i, n), n)), n);
     };
     if (pSrc == pDst) {
         // Both ends are read before either is written, so that at last they may overlap.
-        ZelSize i = 0;
-        for (; len - 2 * i >= lanes; i += lanes) {
+        const auto exchange = [&](ZelSize i) OWNS_INLINE {
             const OwnsVec<T> high = end(i);
             const OwnsVec<T> low = op(ownsFlipped<T>(ownsLoad(pSrc + i)));
             ownsStore(pDst + i, high);
             ownsStore(pDst + len - i - lanes, low);
+        };
+        ZelSize i = 0;
+        for (; len - 2 * i >= 4 * lanes; i += 2 * lanes) {
+            exchange(i);
+            exchange(i + lanes);
         }
+        for (; len - 2 * i >= lanes; i += lanes)
+            exchange(i);
         if (const ZelSize middle = len - 2 * i; middle > 0)
             part(i, static_cast<int>(middle));
         return;
@@ -61,12 +68,10 @@ template <class T, class Op>
             ownsStore(pDst, end(0));
             i = peel;
         }
-    for (; i <= len - 2 * lanes; i += 2 * lanes) {
+    for (; i <= len - 4 * lanes; i += 4 * lanes)
+        ownsEach<4>([&](int k) OWNS_INLINE { ownsStore(pDst + i + k * lanes, end(i + k * lanes)); });
+    for (; i <= len - lanes; i += lanes)
         ownsStore(pDst + i, end(i));
-        ownsStore(pDst + i + lanes, end(i + lanes));
-    }
-    if (i <= len - lanes)
-        ownsStore(pDst + i, end(i));
-    if (lanes > 1 && (len - i) % lanes != 0)
+    if (i < len)
         ownsStore(pDst + len - lanes, end(len - lanes));
 }
