@@ -5,8 +5,8 @@
 
 namespace {
 
-constexpr OwnsLight reals{[](auto x) { return ownsDivided(x).first; }};
-constexpr OwnsLight imags{[](auto x) { return ownsDivided(x).second; }};
+constexpr OwnsLight reals{[](auto x) { return ownsRealParts(x); }};
+constexpr OwnsLight imags{[](auto x) { return ownsImagParts(x); }};
 constexpr OwnsLight both{[](auto x) { return ownsDivided(x); }};
 
 /// One pass writes both arrays in sequence, as two would, and reads the source once.

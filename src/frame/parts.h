@@ -18,14 +18,35 @@ inline OwnsParts2<OwnsVec<Zel64f>> ownsDivided(OwnsVecs<Zel64fc, 2> x)
 {
     return {_mm_unpacklo_pd(x.v[0], x.v[1]), _mm_unpackhi_pd(x.v[0], x.v[1])};
 }
-/// Packed as unsigned numbers, which 16 bits hold as they are.
 inline OwnsParts2<OwnsVec<Zel16s>> ownsDivided(OwnsVecs<Zel16sc, 2> x)
 {
+    const __m128i apart = _mm_setr_epi8(0, 1, 4, 5, 8, 9, 12, 13, 2, 3, 6, 7, 10, 11, 14, 15);
+    const __m128i a = _mm_shuffle_epi8(ownsInt(x.v[0]), apart);
+    const __m128i b = _mm_shuffle_epi8(ownsInt(x.v[1]), apart);
+    return {ownsAs<Zel16s>(_mm_unpacklo_epi64(a, b)), ownsAs<Zel16s>(_mm_unpackhi_epi64(a, b))};
+}
+
+/// One of the parts alone. Those of 16 bits are packed as unsigned numbers, with one shuffle in place of three.
+template <class C>
+inline auto ownsRealParts(OwnsVecs<C, 2> x)
+{
+    return ownsDivided(x).first;
+}
+template <class C>
+inline auto ownsImagParts(OwnsVecs<C, 2> x)
+{
+    return ownsDivided(x).second;
+}
+inline OwnsVec<Zel16s> ownsRealParts(OwnsVecs<Zel16sc, 2> x)
+{
     const __m128i low = _mm_set1_epi32(0xFFFF);
-    const __m128i a = ownsInt(x.v[0]);
-    const __m128i b = ownsInt(x.v[1]);
-    return {ownsAs<Zel16s>(_mm_packus_epi32(_mm_and_si128(a, low), _mm_and_si128(b, low))),
-            ownsAs<Zel16s>(_mm_packus_epi32(_mm_srli_epi32(a, 16), _mm_srli_epi32(b, 16)))};
+    return ownsAs<Zel16s>(
+        _mm_packus_epi32(_mm_and_si128(ownsInt(x.v[0]), low), _mm_and_si128(ownsInt(x.v[1]), low)));
+}
+inline OwnsVec<Zel16s> ownsImagParts(OwnsVecs<Zel16sc, 2> x)
+{
+    return ownsAs<Zel16s>(
+        _mm_packus_epi32(_mm_srli_epi32(ownsInt(x.v[0]), 16), _mm_srli_epi32(ownsInt(x.v[1]), 16)));
 }
 
 /// The low and the high half of two vectors, element by element in turn.
