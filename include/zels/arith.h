@@ -1345,6 +1345,295 @@ ZELS_API ZelStatus zelsThreshold_LTInv_64fc_I(Zel64fc* pSrcDst, int len, Zel64f 
 
 /** @} */
 
+/** @defgroup bits Logic and shifts
+ *  Operations on the bits of each element. Source and destination may be the same array; arrays that overlap in
+ * another way are not.
+ *  @{
+ */
+
+/** @name Logic of two vectors
+ *  `pDst[n] = pSrc1[n] op pSrc2[n]`; the `_I` forms: `pSrcDst[n] = pSrcDst[n] op pSrc[n]`.
+ *  @param pSrc1 first source
+ *  @param pSrc2 second source
+ *  @param pDst destination
+ *  @param pSrc source
+ *  @param pSrcDst source and destination
+ *  @param len length in elements
+ *  @return #zelErrNullPtr for a null pointer, else #zelErrSize for a length below 1, else #zelStatusOk
+ *  @{
+ */
+ZELS_API ZelStatus zelsAnd_8u(const Zel8u* pSrc1, const Zel8u* pSrc2, Zel8u* pDst, int len);
+ZELS_API ZelStatus zelsAnd_8u_I(const Zel8u* pSrc, Zel8u* pSrcDst, int len);
+ZELS_API ZelStatus zelsAnd_16u(const Zel16u* pSrc1, const Zel16u* pSrc2, Zel16u* pDst, int len);
+ZELS_API ZelStatus zelsAnd_16u_I(const Zel16u* pSrc, Zel16u* pSrcDst, int len);
+ZELS_API ZelStatus zelsAnd_32u(const Zel32u* pSrc1, const Zel32u* pSrc2, Zel32u* pDst, int len);
+ZELS_API ZelStatus zelsAnd_32u_I(const Zel32u* pSrc, Zel32u* pSrcDst, int len);
+ZELS_API ZelStatus zelsOr_8u(const Zel8u* pSrc1, const Zel8u* pSrc2, Zel8u* pDst, int len);
+ZELS_API ZelStatus zelsOr_8u_I(const Zel8u* pSrc, Zel8u* pSrcDst, int len);
+ZELS_API ZelStatus zelsOr_16u(const Zel16u* pSrc1, const Zel16u* pSrc2, Zel16u* pDst, int len);
+ZELS_API ZelStatus zelsOr_16u_I(const Zel16u* pSrc, Zel16u* pSrcDst, int len);
+ZELS_API ZelStatus zelsOr_32u(const Zel32u* pSrc1, const Zel32u* pSrc2, Zel32u* pDst, int len);
+ZELS_API ZelStatus zelsOr_32u_I(const Zel32u* pSrc, Zel32u* pSrcDst, int len);
+ZELS_API ZelStatus zelsXor_8u(const Zel8u* pSrc1, const Zel8u* pSrc2, Zel8u* pDst, int len);
+ZELS_API ZelStatus zelsXor_8u_I(const Zel8u* pSrc, Zel8u* pSrcDst, int len);
+ZELS_API ZelStatus zelsXor_16u(const Zel16u* pSrc1, const Zel16u* pSrc2, Zel16u* pDst, int len);
+ZELS_API ZelStatus zelsXor_16u_I(const Zel16u* pSrc, Zel16u* pSrcDst, int len);
+ZELS_API ZelStatus zelsXor_32u(const Zel32u* pSrc1, const Zel32u* pSrc2, Zel32u* pDst, int len);
+ZELS_API ZelStatus zelsXor_32u_I(const Zel32u* pSrc, Zel32u* pSrcDst, int len);
+/** @} */
+
+/** @name Logic with a constant
+ *  `pDst[n] = pSrc[n] op val`. A constant of 0 makes AndC a fill with zeros, OrC and XorC a copy.
+ *  @param pSrc source
+ *  @param val constant
+ *  @param pDst destination
+ *  @param pSrcDst source and destination
+ *  @param len length in elements
+ *  @return #zelErrNullPtr for a null pointer, else #zelErrSize for a length below 1, else #zelStatusOk
+ *  @{
+ */
+ZELS_API ZelStatus zelsAndC_8u(const Zel8u* pSrc, Zel8u val, Zel8u* pDst, int len);
+ZELS_API ZelStatus zelsAndC_8u_I(Zel8u val, Zel8u* pSrcDst, int len);
+ZELS_API ZelStatus zelsAndC_16u(const Zel16u* pSrc, Zel16u val, Zel16u* pDst, int len);
+ZELS_API ZelStatus zelsAndC_16u_I(Zel16u val, Zel16u* pSrcDst, int len);
+ZELS_API ZelStatus zelsAndC_32u(const Zel32u* pSrc, Zel32u val, Zel32u* pDst, int len);
+ZELS_API ZelStatus zelsAndC_32u_I(Zel32u val, Zel32u* pSrcDst, int len);
+ZELS_API ZelStatus zelsOrC_8u(const Zel8u* pSrc, Zel8u val, Zel8u* pDst, int len);
+ZELS_API ZelStatus zelsOrC_8u_I(Zel8u val, Zel8u* pSrcDst, int len);
+ZELS_API ZelStatus zelsOrC_16u(const Zel16u* pSrc, Zel16u val, Zel16u* pDst, int len);
+ZELS_API ZelStatus zelsOrC_16u_I(Zel16u val, Zel16u* pSrcDst, int len);
+ZELS_API ZelStatus zelsOrC_32u(const Zel32u* pSrc, Zel32u val, Zel32u* pDst, int len);
+ZELS_API ZelStatus zelsOrC_32u_I(Zel32u val, Zel32u* pSrcDst, int len);
+ZELS_API ZelStatus zelsXorC_8u(const Zel8u* pSrc, Zel8u val, Zel8u* pDst, int len);
+ZELS_API ZelStatus zelsXorC_8u_I(Zel8u val, Zel8u* pSrcDst, int len);
+ZELS_API ZelStatus zelsXorC_16u(const Zel16u* pSrc, Zel16u val, Zel16u* pDst, int len);
+ZELS_API ZelStatus zelsXorC_16u_I(Zel16u val, Zel16u* pSrcDst, int len);
+ZELS_API ZelStatus zelsXorC_32u(const Zel32u* pSrc, Zel32u val, Zel32u* pDst, int len);
+ZELS_API ZelStatus zelsXorC_32u_I(Zel32u val, Zel32u* pSrcDst, int len);
+/** @} */
+
+/** @name Complement
+ *  `pDst[n] = ~pSrc[n]`.
+ *  @param pSrc source
+ *  @param pDst destination
+ *  @param pSrcDst source and destination
+ *  @param len length in elements
+ *  @return #zelErrNullPtr for a null pointer, else #zelErrSize for a length below 1, else #zelStatusOk
+ *  @{
+ */
+ZELS_API ZelStatus zelsNot_8u(const Zel8u* pSrc, Zel8u* pDst, int len);
+ZELS_API ZelStatus zelsNot_8u_I(Zel8u* pSrcDst, int len);
+ZELS_API ZelStatus zelsNot_16u(const Zel16u* pSrc, Zel16u* pDst, int len);
+ZELS_API ZelStatus zelsNot_16u_I(Zel16u* pSrcDst, int len);
+ZELS_API ZelStatus zelsNot_32u(const Zel32u* pSrc, Zel32u* pDst, int len);
+ZELS_API ZelStatus zelsNot_32u_I(Zel32u* pSrcDst, int len);
+/** @} */
+
+/** @name Shifts by a constant
+ *  To the left, zeros move in and the bits that pass the top are lost; nothing saturates. To the right, zeros
+ * move into unsigned elements and copies of the sign into signed ones. A count of the element's width or more
+ * leaves 0, and of signed elements shifted to the right the sign: 0 or -1.
+ *  @param pSrc source
+ *  @param val shift count, at least 0
+ *  @param pDst destination
+ *  @param pSrcDst source and destination
+ *  @param len length in elements
+ *  @return #zelErrNullPtr for a null pointer, else #zelErrSize for a length below 1, else #zelErrShift for a
+ *  negative count, else #zelStatusOk
+ *  @{
+ */
+ZELS_API ZelStatus zelsLShiftC_8u(const Zel8u* pSrc, int val, Zel8u* pDst, int len);
+ZELS_API ZelStatus zelsLShiftC_8u_I(int val, Zel8u* pSrcDst, int len);
+ZELS_API ZelStatus zelsLShiftC_16u(const Zel16u* pSrc, int val, Zel16u* pDst, int len);
+ZELS_API ZelStatus zelsLShiftC_16u_I(int val, Zel16u* pSrcDst, int len);
+ZELS_API ZelStatus zelsLShiftC_16s(const Zel16s* pSrc, int val, Zel16s* pDst, int len);
+ZELS_API ZelStatus zelsLShiftC_16s_I(int val, Zel16s* pSrcDst, int len);
+ZELS_API ZelStatus zelsLShiftC_32s(const Zel32s* pSrc, int val, Zel32s* pDst, int len);
+ZELS_API ZelStatus zelsLShiftC_32s_I(int val, Zel32s* pSrcDst, int len);
+ZELS_API ZelStatus zelsRShiftC_8u(const Zel8u* pSrc, int val, Zel8u* pDst, int len);
+ZELS_API ZelStatus zelsRShiftC_8u_I(int val, Zel8u* pSrcDst, int len);
+ZELS_API ZelStatus zelsRShiftC_16u(const Zel16u* pSrc, int val, Zel16u* pDst, int len);
+ZELS_API ZelStatus zelsRShiftC_16u_I(int val, Zel16u* pSrcDst, int len);
+ZELS_API ZelStatus zelsRShiftC_16s(const Zel16s* pSrc, int val, Zel16s* pDst, int len);
+ZELS_API ZelStatus zelsRShiftC_16s_I(int val, Zel16s* pSrcDst, int len);
+ZELS_API ZelStatus zelsRShiftC_32s(const Zel32s* pSrc, int val, Zel32s* pDst, int len);
+ZELS_API ZelStatus zelsRShiftC_32s_I(int val, Zel32s* pSrcDst, int len);
+/** @} */
+
+/** @} */
+
+/** @defgroup complexparts Complex data
+ *  Conjugates, and complex vectors from and to vectors of their parts. Floats are moved by their bits: a NaN keeps
+ * its payload. The long forms test the length before the pointers.
+ *  @{
+ */
+
+/** @name Conjugate
+ *  `pDst[n] = (pSrc[n].re, -pSrc[n].im)`. Floats have the sign bit of the imaginary part changed; of integers
+ * -32768 gives 32767. Source and destination may be the same array.
+ *  @param pSrc source
+ *  @param pDst destination
+ *  @param pSrcDst source and destination
+ *  @param len length in elements
+ *  @return #zelErrNullPtr for a null pointer, else #zelErrSize for a length below 1, else #zelStatusOk
+ *  @{
+ */
+ZELS_API ZelStatus zelsConj_16sc(const Zel16sc* pSrc, Zel16sc* pDst, int len);
+ZELS_API ZelStatus zelsConj_16sc_I(Zel16sc* pSrcDst, int len);
+ZELS_API ZelStatus zelsConj_32fc(const Zel32fc* pSrc, Zel32fc* pDst, int len);
+ZELS_API ZelStatus zelsConj_32fc_I(Zel32fc* pSrcDst, int len);
+ZELS_API ZelStatus zelsConj_32fc_L(const Zel32fc* pSrc, Zel32fc* pDst, ZelSize len);
+ZELS_API ZelStatus zelsConj_32fc_I_L(Zel32fc* pSrcDst, ZelSize len);
+ZELS_API ZelStatus zelsConj_64fc(const Zel64fc* pSrc, Zel64fc* pDst, int len);
+ZELS_API ZelStatus zelsConj_64fc_I(Zel64fc* pSrcDst, int len);
+ZELS_API ZelStatus zelsConj_64fc_L(const Zel64fc* pSrc, Zel64fc* pDst, ZelSize len);
+ZELS_API ZelStatus zelsConj_64fc_I_L(Zel64fc* pSrcDst, ZelSize len);
+/** @} */
+
+/** @name Conjugate end for end
+ *  `pDst[n] = conj(pSrc[len - 1 - n])`. Source and destination may be the same array.
+ *  @param pSrc source
+ *  @param pDst destination
+ *  @param len length in elements
+ *  @return #zelErrNullPtr for a null pointer, else #zelErrSize for a length below 1, else #zelStatusOk
+ *  @{
+ */
+ZELS_API ZelStatus zelsConjFlip_16sc(const Zel16sc* pSrc, Zel16sc* pDst, int len);
+ZELS_API ZelStatus zelsConjFlip_32fc(const Zel32fc* pSrc, Zel32fc* pDst, int len);
+ZELS_API ZelStatus zelsConjFlip_64fc(const Zel64fc* pSrc, Zel64fc* pDst, int len);
+/** @} */
+
+/** @name One part of complex elements
+ *  `pDstRe[n] = pSrc[n].re`, `pDstIm[n] = pSrc[n].im`.
+ *  @param pSrc source
+ *  @param pDstRe destination of Real
+ *  @param pDstIm destination of Imag
+ *  @param len length in elements
+ *  @return #zelErrNullPtr for a null pointer, else #zelErrSize for a length below 1, else #zelStatusOk
+ *  @{
+ */
+ZELS_API ZelStatus zelsReal_16sc(const Zel16sc* pSrc, Zel16s* pDstRe, int len);
+ZELS_API ZelStatus zelsReal_32fc(const Zel32fc* pSrc, Zel32f* pDstRe, int len);
+ZELS_API ZelStatus zelsReal_64fc(const Zel64fc* pSrc, Zel64f* pDstRe, int len);
+ZELS_API ZelStatus zelsImag_16sc(const Zel16sc* pSrc, Zel16s* pDstIm, int len);
+ZELS_API ZelStatus zelsImag_32fc(const Zel32fc* pSrc, Zel32f* pDstIm, int len);
+ZELS_API ZelStatus zelsImag_64fc(const Zel64fc* pSrc, Zel64f* pDstIm, int len);
+/** @} */
+
+/** @name Both parts of complex elements
+ *  `pDstRe[n] = pSrc[n].re` and `pDstIm[n] = pSrc[n].im`. The arrays must not overlap.
+ *  @param pSrc source
+ *  @param pDstRe destination of the real parts
+ *  @param pDstIm destination of the imaginary parts
+ *  @param len length in elements
+ *  @return #zelErrNullPtr for a null pointer, else #zelErrSize for a length below 1, else #zelStatusOk
+ *  @{
+ */
+ZELS_API ZelStatus zelsCplxToReal_16sc(const Zel16sc* pSrc, Zel16s* pDstRe, Zel16s* pDstIm, int len);
+ZELS_API ZelStatus zelsCplxToReal_32fc(const Zel32fc* pSrc, Zel32f* pDstRe, Zel32f* pDstIm, int len);
+ZELS_API ZelStatus zelsCplxToReal_32fc_L(const Zel32fc* pSrc, Zel32f* pDstRe, Zel32f* pDstIm, ZelSize len);
+ZELS_API ZelStatus zelsCplxToReal_64fc(const Zel64fc* pSrc, Zel64f* pDstRe, Zel64f* pDstIm, int len);
+ZELS_API ZelStatus zelsCplxToReal_64fc_L(const Zel64fc* pSrc, Zel64f* pDstRe, Zel64f* pDstIm, ZelSize len);
+/** @} */
+
+/** @name Complex elements from their parts
+ *  `pDst[n] = (pSrcRe[n], pSrcIm[n])`. Without one of the sources that part of every element is 0. The arrays
+ * must not overlap.
+ *  @param pSrcRe real parts, or null
+ *  @param pSrcIm imaginary parts, or null
+ *  @param pDst destination
+ *  @param len length in elements
+ *  @return #zelErrNullPtr for a null destination, else #zelErrSize for a length below 1, else #zelErrNullPtr
+ *  if both sources are null, else #zelStatusOk
+ *  @{
+ */
+ZELS_API ZelStatus zelsRealToCplx_16s(const Zel16s* pSrcRe, const Zel16s* pSrcIm, Zel16sc* pDst, int len);
+ZELS_API ZelStatus zelsRealToCplx_32f(const Zel32f* pSrcRe, const Zel32f* pSrcIm, Zel32fc* pDst, int len);
+ZELS_API ZelStatus zelsRealToCplx_32f_L(const Zel32f* pSrcRe, const Zel32f* pSrcIm, Zel32fc* pDst,
+                                        ZelSize len);
+ZELS_API ZelStatus zelsRealToCplx_64f(const Zel64f* pSrcRe, const Zel64f* pSrcIm, Zel64fc* pDst, int len);
+ZELS_API ZelStatus zelsRealToCplx_64f_L(const Zel64f* pSrcRe, const Zel64f* pSrcIm, Zel64fc* pDst,
+                                        ZelSize len);
+/** @} */
+
+/** @} */
+
+/** @defgroup order Bit and byte order
+ *  Elements end for end, bytes of each element in reverse, and bit strings at any position.
+ *  @{
+ */
+
+/** @name End for end
+ *  `pDst[n] = pSrc[len - 1 - n]`, by the bit pattern. Source and destination may be the same array; arrays that
+ * overlap in another way are not. The long forms work in one piece and test the pointers first, as the others do.
+ *  @param pSrc source
+ *  @param pDst destination
+ *  @param pSrcDst source and destination
+ *  @param len length in elements
+ *  @return #zelErrNullPtr for a null pointer, else #zelErrSize for a length below 1, else #zelStatusOk
+ *  @{
+ */
+ZELS_API ZelStatus zelsFlip_8u(const Zel8u* pSrc, Zel8u* pDst, int len);
+ZELS_API ZelStatus zelsFlip_8u_I(Zel8u* pSrcDst, int len);
+ZELS_API ZelStatus zelsFlip_16u(const Zel16u* pSrc, Zel16u* pDst, int len);
+ZELS_API ZelStatus zelsFlip_16u_I(Zel16u* pSrcDst, int len);
+ZELS_API ZelStatus zelsFlip_32f(const Zel32f* pSrc, Zel32f* pDst, int len);
+ZELS_API ZelStatus zelsFlip_32f_I(Zel32f* pSrcDst, int len);
+ZELS_API ZelStatus zelsFlip_32f_L(const Zel32f* pSrc, Zel32f* pDst, ZelSize len);
+ZELS_API ZelStatus zelsFlip_32f_I_L(Zel32f* pSrcDst, ZelSize len);
+ZELS_API ZelStatus zelsFlip_64f(const Zel64f* pSrc, Zel64f* pDst, int len);
+ZELS_API ZelStatus zelsFlip_64f_I(Zel64f* pSrcDst, int len);
+ZELS_API ZelStatus zelsFlip_64f_L(const Zel64f* pSrc, Zel64f* pDst, ZelSize len);
+ZELS_API ZelStatus zelsFlip_64f_I_L(Zel64f* pSrcDst, ZelSize len);
+ZELS_API ZelStatus zelsFlip_32fc(const Zel32fc* pSrc, Zel32fc* pDst, int len);
+ZELS_API ZelStatus zelsFlip_32fc_I(Zel32fc* pSrcDst, int len);
+ZELS_API ZelStatus zelsFlip_32fc_L(const Zel32fc* pSrc, Zel32fc* pDst, ZelSize len);
+ZELS_API ZelStatus zelsFlip_32fc_I_L(Zel32fc* pSrcDst, ZelSize len);
+ZELS_API ZelStatus zelsFlip_64fc(const Zel64fc* pSrc, Zel64fc* pDst, int len);
+ZELS_API ZelStatus zelsFlip_64fc_I(Zel64fc* pSrcDst, int len);
+ZELS_API ZelStatus zelsFlip_64fc_L(const Zel64fc* pSrc, Zel64fc* pDst, ZelSize len);
+ZELS_API ZelStatus zelsFlip_64fc_I_L(Zel64fc* pSrcDst, ZelSize len);
+/** @} */
+
+/** @name Byte order
+ *  The bytes of each element in reverse order. Elements of the 24u forms are three bytes: 1, 2, 3 gives 3, 2, 1.
+ * Source and destination may be the same array. Above 524,288 elements zelsSwapBytes_24u writes past the caches.
+ *  @param pSrc source
+ *  @param pDst destination
+ *  @param pSrcDst source and destination
+ *  @param len length in elements
+ *  @return #zelErrNullPtr for a null pointer, else #zelErrSize for a length below 1, else #zelStatusOk
+ *  @{
+ */
+ZELS_API ZelStatus zelsSwapBytes_16u(const Zel16u* pSrc, Zel16u* pDst, int len);
+ZELS_API ZelStatus zelsSwapBytes_16u_I(Zel16u* pSrcDst, int len);
+ZELS_API ZelStatus zelsSwapBytes_24u(const Zel8u* pSrc, Zel8u* pDst, int len);
+ZELS_API ZelStatus zelsSwapBytes_24u_I(Zel8u* pSrcDst, int len);
+ZELS_API ZelStatus zelsSwapBytes_32u(const Zel32u* pSrc, Zel32u* pDst, int len);
+ZELS_API ZelStatus zelsSwapBytes_32u_I(Zel32u* pSrcDst, int len);
+ZELS_API ZelStatus zelsSwapBytes_64u(const Zel64u* pSrc, Zel64u* pDst, int len);
+ZELS_API ZelStatus zelsSwapBytes_64u_I(Zel64u* pSrcDst, int len);
+/** @} */
+
+/** @name Bit strings
+ *  Copies `len` bits from bit `srcBitOffset` of the source on to bit `dstBitOffset` of the destination on. Bit i
+ * lies in byte i / 8; zelsCopyLE_1u counts the bits of a byte from the lowest, zelsCopyBE_1u from the highest.
+ * The other bits of the destination stay as they were. The bytes must not overlap.
+ *  @param pSrc source
+ *  @param srcBitOffset first bit of the source, at least 0
+ *  @param pDst destination
+ *  @param dstBitOffset first bit of the destination, at least 0
+ *  @param len length in bits
+ *  @return #zelErrNullPtr for a null pointer, else #zelErrSize for a length below 1 or a negative offset, else
+ *  #zelStatusOk
+ *  @{
+ */
+ZELS_API ZelStatus zelsCopyBE_1u(const Zel8u* pSrc, int srcBitOffset, Zel8u* pDst, int dstBitOffset, int len);
+ZELS_API ZelStatus zelsCopyLE_1u(const Zel8u* pSrc, int srcBitOffset, Zel8u* pDst, int dstBitOffset, int len);
+/** @} */
+
+/** @} */
+
 #ifdef __cplusplus
 }
 #endif

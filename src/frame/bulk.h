@@ -32,6 +32,13 @@ inline ZelStatus ownsCopy(const T* pSrc, T* pDst, ZelSize len)
     return ownsCopyBytes(pSrc, pDst, len * static_cast<ZelSize>(sizeof(T)));
 }
 
+/// What is left of an operation whose constant changes nothing: a copy, or in place nothing at all.
+template <class T>
+inline ZelStatus ownsCopyUnlessSame(const T* pSrc, T* pDst, ZelSize len)
+{
+    return pSrc == pDst ? zelStatusOk : ownsCopy(pSrc, pDst, len);
+}
+
 /// Clears `len` elements.
 template <class T>
 inline ZelStatus ownsZero(T* pDst, ZelSize len)

@@ -51,11 +51,12 @@ inline ZelStatus ownsDoublingScaled(int len, int scaleFactor, P*... p)
 template <class T>
 inline constexpr ZelSize ownsChunk = INT32_MAX / static_cast<ZelSize>(sizeof(T));
 
+/// The null pointer of an optional array stays null.
 template <class T>
 inline T ownsAdvanced(T argument, ZelSize done)
 {
     if constexpr (std::is_pointer_v<T>)
-        return argument + done;
+        return argument ? argument + done : argument;
     else
         return argument;
 }

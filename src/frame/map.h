@@ -22,6 +22,7 @@ concept OwnsEstimates = requires
 
 /// How much code an operation is worth. It tells by a constant `code`; without one all is made for speed.
 enum class OwnsCode {
+    light, ///< as fast, and long vectors take four at a time: for an instruction or two, beside which the loop counts
     fast, ///< the usual lengths of tails have copies of the operation
     compact, ///< one copy for all tails, which is some nanoseconds slower there: for operations of many instructions
     least, ///< one vector a round too, at any alignment: for what is seldom asked for
@@ -34,6 +35,14 @@ requires requires
     Op::code;
 }
 inline constexpr OwnsCode ownsCodeOf<Op> = Op::code;
+
+/// Makes an operation a light one.
+template <class Op>
+struct OwnsLight : Op {
+    static constexpr OwnsCode code = OwnsCode::light;
+};
+template <class Op>
+OwnsLight(Op) -> OwnsLight<Op>;
 
 namespace owns_detail {
 
@@ -58,7 +67,7 @@ template <class Op, class D, class... S>
     if constexpr (OwnsEstimates<Op>) {
         for (const ZelSize end = i + rest; i < end; i++)
             ownsPut(pDst + i, op(ownsGet(pSrc + i)...));
-    } else if constexpr (ownsCodeOf<Op> != OwnsCode::fast) {
+    } else if constexpr (ownsCodeOf<Op> > OwnsCode::fast) {
         if (const int count = rest & (lanes - 1); count != 0) [[likely]]
             part(op, pDst, i, count, pSrc...);
     } else {
@@ -124,6 +133,13 @@ template <OwnsShape shape, class Op, class D, class... S>
                 owns_detail::round(
                     op, pDst + i, [](D* p, auto v) { ownsStream(p, v); }, (pSrc + i)...);
         }
+        if constexpr (ownsCodeOf<Op> == OwnsCode::light)
+            for (; i <= len - 4 * lanes; i += 4 * lanes)
+                ownsEach<2>([&](int k) OWNS_INLINE {
+                    owns_detail::round(
+                        op, pDst + i + 2 * lanes * k, [](D* p, auto v) { ownsStore(p, v); },
+                        (pSrc + i + 2 * lanes * k)...);
+                });
     }
     for (; i <= len - 2 * lanes; i += 2 * lanes)
         owns_detail::round(

@@ -65,6 +65,9 @@ inline constexpr OwnsShape ownsShapeOf<Zel64f> = shape_64f;
 template <>
 inline constexpr OwnsShape ownsShapeOf<Zel64fc> = shape_64fc;
 
+// Operations on bits and moves of elements, of any type: exact, so that no cut shows, and with ordinary stores.
+inline constexpr OwnsShape shapeBits{1};
+
 inline constexpr OwnsShape shapeAdd_32f{11, 87383};
 inline constexpr OwnsShape shapeAdd_64f{5, 43691};
 inline constexpr OwnsShape shapeMul_64f{5, 43687};
@@ -76,6 +79,7 @@ inline constexpr OwnsShape shapeMulC_32fc{5, 65539};
 inline constexpr OwnsShape shapeMulC_32fc_I{5, 131073};
 inline constexpr OwnsShape shapeAdd_16s32f{1, 262151};
 inline constexpr OwnsShape shapeMul_16s32s{1, 262151};
+inline constexpr OwnsShape shapeSwapBytes_24u{1, 524288};
 
 // Conversions stream later, from four mebibytes on.
 inline constexpr OwnsShape shapeConvert_16s32s{8, 699050};

@@ -2,7 +2,7 @@
 // that product, which are those of the exact rule here too.
 #include "frame/entry.h"
 #include "frame/map.h"
-#include "math/polar.h"
+#include "frame/parts.h"
 #include "zels.h"
 
 namespace {
@@ -19,8 +19,7 @@ struct SquareComplex {
         const OwnsVec<C> product = re * im;
         const OwnsVec<C> squareRe = re * re - im * im;
         const OwnsVec<C> squareIm = product + product;
-        using Array = OwnsComplexArray<C>;
-        return {{Array::low(squareRe, squareIm), Array::high(squareRe, squareIm)}};
+        return {{ownsZipLow(squareRe, squareIm), ownsZipHigh(squareRe, squareIm)}};
     }
 };
 

@@ -8,7 +8,7 @@
 // The operations have the same names for both, so that a butterfly is written once.
 #pragma once
 
-#include "frame/vec.h"
+#include "frame/parts.h"
 
 /// The low `bits` bits of `value` in reverse.
 constexpr int ownsReversed(int value, int bits)
@@ -44,13 +44,10 @@ inline OwnsPairs<T> operator*(OwnsPairs<T> a, T factor)
 }
 
 /// -i * a: the parts exchanged, the new imaginary part negated.
-inline OwnsPairs<Zel32f> ownsQuarterTurn(OwnsPairs<Zel32f> a)
+template <class T>
+inline OwnsPairs<T> ownsQuarterTurn(OwnsPairs<T> a)
 {
-    return {_mm_xor_ps(ownsSwapped(a.v), _mm_setr_ps(0.0f, -0.0f, 0.0f, -0.0f))};
-}
-inline OwnsPairs<Zel64f> ownsQuarterTurn(OwnsPairs<Zel64f> a)
-{
-    return {_mm_xor_pd(ownsSwapped(a.v), _mm_setr_pd(0.0, -0.0))};
+    return {ownsConjugate(ownsSwapped(a.v))};
 }
 
 /// The product of each value and re + i * im.
@@ -125,24 +122,6 @@ inline OwnsSplit<T> ownsExchanged(OwnsSplit<T> a)
 }
 
 // From one form to the other
-
-/// The low and the high half of two vectors, element by element in turn.
-inline OwnsVec<Zel32f> ownsZipLow(OwnsVec<Zel32f> a, OwnsVec<Zel32f> b)
-{
-    return _mm_unpacklo_ps(a, b);
-}
-inline OwnsVec<Zel64f> ownsZipLow(OwnsVec<Zel64f> a, OwnsVec<Zel64f> b)
-{
-    return _mm_unpacklo_pd(a, b);
-}
-inline OwnsVec<Zel32f> ownsZipHigh(OwnsVec<Zel32f> a, OwnsVec<Zel32f> b)
-{
-    return _mm_unpackhi_ps(a, b);
-}
-inline OwnsVec<Zel64f> ownsZipHigh(OwnsVec<Zel64f> a, OwnsVec<Zel64f> b)
-{
-    return _mm_unpackhi_pd(a, b);
-}
 
 /// The real parts of two vectors of pairs, and their imaginary parts.
 inline OwnsSplit<Zel32f> ownsUnzipped(OwnsVec<Zel32f> a, OwnsVec<Zel32f> b)

@@ -8,11 +8,11 @@ namespace {
 // Exchanges the values of a vector of pairs, end for end, and conjugates them.
 inline OwnsVec<Zel32f> mirrored(OwnsVec<Zel32f> v)
 {
-    return _mm_xor_ps(_mm_shuffle_ps(v, v, 0x4E), _mm_setr_ps(0.0f, -0.0f, 0.0f, -0.0f));
+    return ownsConjugate(OwnsVec<Zel32f>(_mm_shuffle_ps(v, v, 0x4E)));
 }
 inline OwnsVec<Zel64f> mirrored(OwnsVec<Zel64f> v)
 {
-    return _mm_xor_pd(v, _mm_setr_pd(0.0, -0.0));
+    return ownsConjugate(v);
 }
 
 // Writes X[k] and X[N - k] = conj(X[k]) for all k with 0 < k < N/2. `pBins` points at X[1]. The walk goes
