@@ -49,7 +49,7 @@ __m128i picked(OwnsVec<Zel8u> x)
 template <class Store>
 [[gnu::always_inline]] inline void swapRound24(const Zel8u* pSrc, Zel8u* pDst, Store store)
 {
-    constexpr int vec = ownsVecBytes;
+    constexpr ZelSize vec = ownsVecBytes;
     const OwnsVec<Zel8u> a = ownsLoad(pSrc);
     const OwnsVec<Zel8u> b = ownsLoad(pSrc + vec);
     const OwnsVec<Zel8u> c = ownsLoad(pSrc + 2 * vec);

@@ -155,7 +155,7 @@ template <class T, class Op, class Destination, class... S>
 template <class T, class Op, class Destination, class... S>
 [[gnu::always_inline]] inline void ownsMapParts(const Op& op, Destination dst, ZelSize len, const S*... pSrc)
 {
-    constexpr int lanes = ownsLanes<T>;
+    constexpr ZelSize lanes = ownsLanes<T>;
     ZelSize i = 0;
     if (len >= ownsPeelFrom / static_cast<ZelSize>(sizeof(T))) [[unlikely]]
         if (const int peel = owns_detail::peelCount(dst.start()); peel > 0) {

@@ -181,8 +181,9 @@ void sinCosRare(OwnsF4 x, OwnsF4& sin, OwnsF4& cos)
         n = (nFar & isFar) | (n & ~isFar);
     }
     sinCosTurned(s, c, n, ownsFromBits(m), x, sin, cos);
-    sin = ownsSelect(unbounded, x - x, sin);
-    cos = ownsSelect(unbounded, x - x, cos);
+    const OwnsF4 none = x * OwnsF4{};
+    sin = ownsSelect(unbounded, none, sin);
+    cos = ownsSelect(unbounded, none, cos);
 }
 
 void sinCosRare(OwnsF2 x, OwnsF2& sin, OwnsF2& cos)
@@ -193,8 +194,9 @@ void sinCosRare(OwnsF2 x, OwnsF2& sin, OwnsF2& cos)
     OwnsF2 s, c;
     sinCosPoly64f(reduced.high, reduced.low, s, c);
     sinCosTurned(s, c, reduced.n, m, x, sin, cos);
-    sin = ownsSelect(unbounded, x - x, sin);
-    cos = ownsSelect(unbounded, x - x, cos);
+    const OwnsF2 none = x * OwnsF2{};
+    sin = ownsSelect(unbounded, none, sin);
+    cos = ownsSelect(unbounded, none, cos);
 }
 
 } // namespace owns_detail

@@ -49,9 +49,11 @@ const SweepOptions options{.block = 16, .payload = true, .modes = Modes::roundin
 enum Levels { any, notNegative };
 
 /// Sweeps with levels of every kind in the first scalar's place.
-template <class T, class Model, class List, class... More>
+template <class T, Modes modes = Modes::roundingAndFlush, class Model, class List, class... More>
 void overLevels(Levels which, const Model& model, const List& list, More... more)
 {
+    SweepOptions inModes = options;
+    inModes.modes = modes;
     using Limits = std::numeric_limits<T>;
     std::vector<T> levels{T{0}, T{3}, T{-5}, Limits::max(), Limits::lowest()};
     if constexpr (std::is_floating_point_v<T>)
@@ -59,30 +61,71 @@ void overLevels(Levels which, const Model& model, const List& list, More... more
                       {-T{0}, T{1.5}, Limits::denorm_min(), Limits::infinity(), Limits::quiet_NaN()});
     for (const T level : levels)
         if (which == any || !(level < 0))
-            sweep(model, list, options, level, more...);
+            sweep(model, list, inModes, level, more...);
 }
+
+/// The limits of values and of absolute values.
+template <Modes modes>
+struct Limits {
+    template <class T>
+    static void values(T, const auto& lower, const auto& upper)
+    {
+        overLevels<T, modes>(any, atLeast, lower);
+        overLevels<T, modes>(any, atMost, upper);
+    }
+    template <class T>
+    static void absoluteValues(T, const auto& lower, const auto& upper)
+    {
+        overLevels<T, modes>(notNegative, absoluteLimited<true>, lower);
+        overLevels<T, modes>(notNegative, absoluteLimited<false>, upper);
+    }
+    static void ofFloats()
+    {
+        values(Zel32f{}, EXPORTS(zelsThreshold_LT_32f, zelsThreshold_LT_32f_I),
+               EXPORTS(zelsThreshold_GT_32f, zelsThreshold_GT_32f_I));
+        values(Zel64f{}, EXPORTS(zelsThreshold_LT_64f, zelsThreshold_LT_64f_I),
+               EXPORTS(zelsThreshold_GT_64f, zelsThreshold_GT_64f_I));
+        for (const ZelCmpOp op : {zelCmpLess, zelCmpGreater}) {
+            overLevels<Zel32f, modes>(any, limited, EXPORTS(zelsThreshold_32f, zelsThreshold_32f_I), op);
+            overLevels<Zel64f, modes>(any, limited, EXPORTS(zelsThreshold_64f, zelsThreshold_64f_I), op);
+        }
+        absoluteValues(Zel32f{},
+                       EXPORTS(zelsThreshold_LTAbs_32f, zelsThreshold_LTAbs_32f_I, zelsThreshold_LTAbs_32f_L,
+                               zelsThreshold_LTAbs_32f_I_L),
+                       EXPORTS(zelsThreshold_GTAbs_32f, zelsThreshold_GTAbs_32f_I));
+        absoluteValues(Zel64f{},
+                       EXPORTS(zelsThreshold_LTAbs_64f, zelsThreshold_LTAbs_64f_I, zelsThreshold_LTAbs_64f_L,
+                               zelsThreshold_LTAbs_64f_I_L),
+                       EXPORTS(zelsThreshold_GTAbs_64f, zelsThreshold_GTAbs_64f_I));
+    }
+};
 
 } // namespace
 
-TEST(Threshold, limitsValues)
+TEST(Threshold, limitsIntegers)
 {
-    const auto both = []<class T>(T, const auto& lower, const auto& upper) {
-        overLevels<T>(any, atLeast, lower);
-        overLevels<T>(any, atMost, upper);
-    };
-    both(Zel16s{}, EXPORTS(zelsThreshold_LT_16s, zelsThreshold_LT_16s_I),
-         EXPORTS(zelsThreshold_GT_16s, zelsThreshold_GT_16s_I));
-    both(Zel32s{}, EXPORTS(zelsThreshold_LT_32s, zelsThreshold_LT_32s_I),
-         EXPORTS(zelsThreshold_GT_32s, zelsThreshold_GT_32s_I));
-    both(Zel32f{}, EXPORTS(zelsThreshold_LT_32f, zelsThreshold_LT_32f_I),
-         EXPORTS(zelsThreshold_GT_32f, zelsThreshold_GT_32f_I));
-    both(Zel64f{}, EXPORTS(zelsThreshold_LT_64f, zelsThreshold_LT_64f_I),
-         EXPORTS(zelsThreshold_GT_64f, zelsThreshold_GT_64f_I));
-    for (const ZelCmpOp op : {zelCmpLess, zelCmpGreater}) {
+    using InEveryMode = Limits<Modes::rounding>;
+    InEveryMode::values(Zel16s{}, EXPORTS(zelsThreshold_LT_16s, zelsThreshold_LT_16s_I),
+                        EXPORTS(zelsThreshold_GT_16s, zelsThreshold_GT_16s_I));
+    InEveryMode::values(Zel32s{}, EXPORTS(zelsThreshold_LT_32s, zelsThreshold_LT_32s_I),
+                        EXPORTS(zelsThreshold_GT_32s, zelsThreshold_GT_32s_I));
+    InEveryMode::absoluteValues(Zel16s{}, EXPORTS(zelsThreshold_LTAbs_16s, zelsThreshold_LTAbs_16s_I),
+                                EXPORTS(zelsThreshold_GTAbs_16s, zelsThreshold_GTAbs_16s_I));
+    InEveryMode::absoluteValues(Zel32s{}, EXPORTS(zelsThreshold_LTAbs_32s, zelsThreshold_LTAbs_32s_I),
+                                EXPORTS(zelsThreshold_GTAbs_32s, zelsThreshold_GTAbs_32s_I));
+    for (const ZelCmpOp op : {zelCmpLess, zelCmpGreater})
         overLevels<Zel16s>(any, limited, EXPORTS(zelsThreshold_16s, zelsThreshold_16s_I), op);
-        overLevels<Zel32f>(any, limited, EXPORTS(zelsThreshold_32f, zelsThreshold_32f_I), op);
-        overLevels<Zel64f>(any, limited, EXPORTS(zelsThreshold_64f, zelsThreshold_64f_I), op);
-    }
+}
+
+TEST(Threshold, limitsFloats)
+{
+    Limits<Modes::rounding>::ofFloats();
+}
+
+/// Minimum and maximum take subnormal numbers as zeros then.
+TEST(Threshold, limitsFlushedFloats)
+{
+    Limits<Modes::roundingAndFlush>::ofFloats();
 }
 
 TEST(Threshold, replacesValues)
@@ -107,26 +150,6 @@ TEST(Threshold, replacesValues)
     // The value for low elements may itself lie above the upper level; a level that is a NaN replaces nothing.
     sweep(replacedBoth, EXPORTS(zelsThreshold_LTValGTVal_32f, zelsThreshold_LTValGTVal_64f), options,
           static_cast<double>(NAN), 1.0, -0.0, 2.0);
-}
-
-TEST(Threshold, limitsAbsoluteValues)
-{
-    const auto both = []<class T>(T, const auto& lower, const auto& upper) {
-        overLevels<T>(notNegative, absoluteLimited<true>, lower);
-        overLevels<T>(notNegative, absoluteLimited<false>, upper);
-    };
-    both(Zel16s{}, EXPORTS(zelsThreshold_LTAbs_16s, zelsThreshold_LTAbs_16s_I),
-         EXPORTS(zelsThreshold_GTAbs_16s, zelsThreshold_GTAbs_16s_I));
-    both(Zel32s{}, EXPORTS(zelsThreshold_LTAbs_32s, zelsThreshold_LTAbs_32s_I),
-         EXPORTS(zelsThreshold_GTAbs_32s, zelsThreshold_GTAbs_32s_I));
-    both(Zel32f{},
-         EXPORTS(zelsThreshold_LTAbs_32f, zelsThreshold_LTAbs_32f_I, zelsThreshold_LTAbs_32f_L,
-                 zelsThreshold_LTAbs_32f_I_L),
-         EXPORTS(zelsThreshold_GTAbs_32f, zelsThreshold_GTAbs_32f_I));
-    both(Zel64f{},
-         EXPORTS(zelsThreshold_LTAbs_64f, zelsThreshold_LTAbs_64f_I, zelsThreshold_LTAbs_64f_L,
-                 zelsThreshold_LTAbs_64f_I_L),
-         EXPORTS(zelsThreshold_GTAbs_64f, zelsThreshold_GTAbs_64f_I));
 }
 
 TEST(Threshold, replacesSmallAbsoluteValues)
