@@ -29,11 +29,11 @@ struct LimitMagnitude {
     {
         const V m = ownsSumOfSquares(x);
         const auto isBeyond = side == OwnsSide::below ? m < square : m > square;
-        if (!ownsAny(isBeyond)) [[likely]]
+        if (!ownsAnyLane(isBeyond)) [[likely]]
             return x;
         const OwnsVecs<C, 2> factors = ownsSpread(factor(m));
         OwnsVecs<C, 2> r{{x.v[0] * factors.v[0], x.v[1] * factors.v[1]}};
-        if (ownsAny(isBeyond & ~ownsIsUsual(m))) [[unlikely]] {
+        if (ownsAnyLane(isBeyond & ~ownsIsUsual(m))) [[unlikely]] {
             const auto exactly = [this](C element) { return ownsAtMagnitude(element, level); };
             r = {{ownsMended(exactly, x.v[0], r.v[0]), ownsMended(exactly, x.v[1], r.v[1])}};
         }
@@ -60,7 +60,7 @@ struct LimitMagnitude<side, Zel16sc> {
     {
         const OwnsVec<Zel32s> m = ownsSquares4(x);
         const auto isBeyond = OwnsBeyond16<side>{level}(m);
-        return ownsAny(isBeyond) ? ownsChosen(isBeyond, limit(x, m), x) : x;
+        return ownsAnyLane(isBeyond) ? ownsChosen(isBeyond, limit(x, m), x) : x;
     }
 
   private:
@@ -95,7 +95,7 @@ template <OwnsSide side, class C>
     if (level == 0) {
         if (side == OwnsSide::above)
             return ownsZero(pDst, len);
-        return pSrc == pDst ? ZelStatus{zelStatusOk} : ownsCopy(pSrc, pDst, len);
+        return ownsCopyUnlessSame(pSrc, pDst, len);
     }
     if constexpr (std::is_integral_v<OwnsPart<C>>) {
         const OwnsNearestMode nearest;

@@ -3,7 +3,7 @@
 
 #include "frame/bulk.h"
 #include "frame/extremes.h"
-#include "frame/map.h"
+#include "frame/parts.h"
 #include "frame/squares.h"
 
 #include <cmath>
@@ -22,12 +22,12 @@ inline V ownsChosen(auto mask, V yes, V no)
 }
 
 /// Whether a mask of lanes of 32 or 64 bits has a lane set.
-inline bool ownsAny(auto mask)
+inline bool ownsAnyLane(auto mask)
 {
     return _mm_movemask_ps(ownsFloat(mask)) != 0;
 }
 
-inline bool ownsAll(auto mask)
+inline bool ownsAllLanes(auto mask)
 {
     return _mm_movemask_ps(ownsFloat(mask)) == 15;
 }
@@ -54,21 +54,14 @@ inline V ownsHeld(V x)
     return x;
 }
 
-inline OwnsVec<Zel32f> ownsSigns(OwnsVec<Zel32f> x)
-{
-    return _mm_and_ps(x, _mm_set1_ps(-0.0f));
-}
-inline OwnsVec<Zel64f> ownsSigns(OwnsVec<Zel64f> x)
-{
-    return _mm_and_pd(x, _mm_set1_pd(-0.0));
-}
+/// A magnitude with the sign of x.
 inline OwnsVec<Zel32f> ownsWithSigns(OwnsVec<Zel32f> magnitude, OwnsVec<Zel32f> x)
 {
-    return _mm_or_ps(magnitude, ownsSigns(x));
+    return _mm_or_ps(magnitude, _mm_and_ps(x, _mm_set1_ps(-0.0f)));
 }
 inline OwnsVec<Zel64f> ownsWithSigns(OwnsVec<Zel64f> magnitude, OwnsVec<Zel64f> x)
 {
-    return _mm_or_pd(magnitude, ownsSigns(x));
+    return _mm_or_pd(magnitude, _mm_and_pd(x, _mm_set1_pd(-0.0)));
 }
 
 // Complex elements. Their sum of squares m is compared with the square of the level, both in the element's type. A
@@ -165,13 +158,11 @@ template <class C, class Op>
 }
 
 /// A value for each element in both its parts, from a value for each of two vectors of elements.
-inline OwnsVecs<Zel32fc, 2> ownsSpread(OwnsVec<Zel32f> v)
+template <class V>
+inline auto ownsSpread(V v)
 {
-    return {{_mm_unpacklo_ps(v, v), _mm_unpackhi_ps(v, v)}};
-}
-inline OwnsVecs<Zel64fc, 2> ownsSpread(OwnsVec<Zel64f> v)
-{
-    return {{_mm_unpacklo_pd(v, v), _mm_unpackhi_pd(v, v)}};
+    using C = typename OwnsMagnitudes<std::remove_cvref_t<decltype(v[0])>>::Complex;
+    return OwnsVecs<C, 2>{{ownsZipLow(v, v), ownsZipHigh(v, v)}};
 }
 
 /// `results` but for elements whose sums of squares are not usual: these are computed one by one.

@@ -16,7 +16,7 @@ struct InvertReal {
 
     V operator()(V x) const
     {
-        zero |= !isLimited && ownsAny(x == 0);
+        zero |= !isLimited && ownsAnyLane(x == 0);
         const V magnitude = OwnsMagnitude::of(x);
         return 1 / ownsWithSigns(isLimited ? OwnsLargest::fold(magnitude, level) : magnitude, x);
     }
@@ -47,10 +47,10 @@ struct InvertComplex {
     OwnsVecs<C, 2> pair(OwnsVecs<C, 2> x) const
     {
         const V m = ownsSumOfSquares(x);
-        if (ownsAll((m >= least) & (m <= OwnsMagnitudes<P>::mostSquare))) [[likely]]
+        if (ownsAllLanes((m >= least) & (m <= OwnsMagnitudes<P>::mostSquare))) [[likely]]
             return over(m, x);
         const OwnsVecs<C, 2> r = over(ownsChosen(m < square, root(m) * level, m), x);
-        if (ownsAll(ownsIsUsual(m))) [[likely]]
+        if (ownsAllLanes(ownsIsUsual(m))) [[likely]]
             return r;
         return {{ownsMended(*this, x.v[0], r.v[0]), ownsMended(*this, x.v[1], r.v[1])}};
     }
@@ -72,17 +72,10 @@ struct InvertComplex {
     }
 
   private:
-    static V conjugate(V x)
-    {
-        if constexpr (sizeof(P) == sizeof(Zel32f))
-            return _mm_xor_ps(x, _mm_setr_ps(0, -0.0f, 0, -0.0f));
-        else
-            return _mm_xor_pd(x, _mm_setr_pd(0, -0.0));
-    }
     static OwnsVecs<C, 2> over(V divisors, OwnsVecs<C, 2> x)
     {
         const OwnsVecs<C, 2> spread = ownsSpread(divisors);
-        return {{conjugate(x.v[0]) / spread.v[0], conjugate(x.v[1]) / spread.v[1]}};
+        return {{ownsConjugate(x.v[0]) / spread.v[0], ownsConjugate(x.v[1]) / spread.v[1]}};
     }
     static OwnsVec<Zel32f> root(OwnsVec<Zel32f> m) { return _mm_sqrt_ps(m); }
     static OwnsVec<Zel64f> root(OwnsVec<Zel64f> m) { return _mm_sqrt_pd(m); }

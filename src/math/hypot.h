@@ -2,14 +2,10 @@
 // 0.93 where the result is below the normal numbers.
 #pragma once
 
+#include "frame/extremes.h"
 #include "math/vecMathTypes.h"
 
 #include <limits>
-
-inline OwnsF2 ownsAbs(OwnsF2 x)
-{
-    return _mm_andnot_pd(_mm_set1_pd(-0.0), x);
-}
 
 inline __m128d ownsIsInfinite(OwnsF2 absX, OwnsF2 absY)
 {
@@ -63,14 +59,14 @@ inline OwnsF2 ownsHypotInRange(OwnsF2 absX, OwnsF2 absY)
 /// hypot(x, y), with the special values of the standard function: an infinity wins over a NaN.
 inline OwnsF2 ownsHypot(OwnsF2 x, OwnsF2 y)
 {
-    const OwnsF2 absX = ownsAbs(x);
-    const OwnsF2 absY = ownsAbs(y);
+    const OwnsF2 absX = OwnsMagnitude::of(x);
+    const OwnsF2 absY = OwnsMagnitude::of(y);
     const OwnsF2 larger = _mm_max_pd(absX, absY);
     if (ownsSquaresFit(larger)) [[likely]]
         return ownsHypotInRange(absX, absY);
     const OwnsRangeScale scale(larger);
     // Without sign, since in the rounding mode downward the length of (0, 0) comes out as -0.
-    const OwnsF2 length = ownsAbs(ownsHypotInRange(absX * scale.in, absY * scale.in)) * scale.out;
+    const OwnsF2 length = OwnsMagnitude::of(ownsHypotInRange(absX * scale.in, absY * scale.in)) * scale.out;
     return ownsSelect(ownsIsInfinite(absX, absY), _mm_set1_pd(std::numeric_limits<Zel64f>::infinity()),
                       length);
 }

@@ -44,9 +44,9 @@ struct Parts {
 /// From t, and infinite where a part of the argument is.
 inline Parts principalRoot(OwnsF2 x, OwnsF2 y, OwnsF2 t)
 {
-    const OwnsF2 absY = ownsAbs(y);
+    const OwnsF2 absY = OwnsMagnitude::of(y);
     const OwnsF2 infinity = _mm_set1_pd(std::numeric_limits<Zel64f>::infinity());
-    t = ownsSelect(ownsIsInfinite(ownsAbs(x), absY), infinity, t);
+    t = ownsSelect(ownsIsInfinite(OwnsMagnitude::of(x), absY), infinity, t);
     OwnsF2 other = _mm_andnot_pd(_mm_cmpeq_pd(t, _mm_setzero_pd()), absY / (t + t));
     other = ownsSelect(_mm_cmpeq_pd(absY, infinity), infinity, other);
     const __m128d isLeft = _mm_cmplt_pd(x, _mm_setzero_pd());
@@ -58,20 +58,20 @@ inline Parts principalRoot(OwnsF2 x, OwnsF2 y, OwnsF2 t)
 inline Parts principalRootOfSmall(OwnsF2 x, OwnsF2 y)
 {
     const OwnsF2 length = _mm_sqrt_pd(x * x + y * y);
-    return principalRoot(x, y, _mm_sqrt_pd((ownsAbs(x) + length) * 0.5));
+    return principalRoot(x, y, _mm_sqrt_pd((OwnsMagnitude::of(x) + length) * 0.5));
 }
 
 inline Parts principalRootOf(OwnsF2 x, OwnsF2 y)
 {
-    const OwnsF2 absX = ownsAbs(x);
-    const OwnsF2 absY = ownsAbs(y);
+    const OwnsF2 absX = OwnsMagnitude::of(x);
+    const OwnsF2 absY = OwnsMagnitude::of(y);
     const OwnsF2 larger = _mm_max_pd(absX, absY);
     if (ownsSquaresFit(larger)) [[likely]]
         return principalRoot(x, y, _mm_sqrt_pd((absX + ownsHypotInRange(absX, absY)) * 0.5));
     const OwnsRangeScale scale(larger);
     const OwnsF2 inX = absX * scale.in;
     // The length of (0, 0) is -0 in the rounding mode downward.
-    const OwnsF2 root = _mm_sqrt_pd((inX + ownsAbs(ownsHypotInRange(inX, absY * scale.in))) * 0.5);
+    const OwnsF2 root = _mm_sqrt_pd((inX + OwnsMagnitude::of(ownsHypotInRange(inX, absY * scale.in))) * 0.5);
     return principalRoot(x, y, root * scale.outOfRoot);
 }
 

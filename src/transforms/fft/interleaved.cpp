@@ -11,11 +11,8 @@ template <bool inverse, bool scaled, class T>
 void run(const T* pSrc, T* pDst, const OwnsFftPlan<T>& plan, int order, Zel8u* pBuffer)
 {
     const OwnsPairSource<T> src{pSrc};
-    if (order <= ownsFftStraight)
+    if (order <= ownsHighestStraight<OwnsPairSource<T>>)
         return ownsStraight<inverse, T>(order, src, OwnsPairSink<T, false, scaled>{pDst, plan.scale});
-    if constexpr (sizeof(T) == 8)
-        if (order == 6)
-            return ownsStraightColumns<6, inverse, T>(src, OwnsPairSink<T, false, scaled>{pDst, plan.scale});
     if (order >= OwnsFftTraits<T>::decomposed)
         return ownsFftCombine<inverse, scaled>(pSrc, pDst, plan, order, ownsRounded64(pBuffer));
     const OwnsPairSink<T, inverse, scaled> sink{pDst, plan.scale};

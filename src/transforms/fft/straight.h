@@ -170,6 +170,10 @@ template <class Source, class Sink>
     sink.store(1, low - high);
 }
 
+/// The highest order that has a kernel. Plans have tables from order 6 on all the same, since their sizes are promised.
+template <class Source>
+inline constexpr int ownsHighestStraight = Source::Values::values == 1 ? 6 : 5;
+
 /// The kernel of an order, as a choice at run time.
 template <bool inverse, class T, class Source, class Sink>
 [[gnu::always_inline]] inline void ownsStraight(int order, Source src, Sink sink)
@@ -201,6 +205,10 @@ template <bool inverse, class T, class Source, class Sink>
             ownsStraightSixteen<inverse, T>(src, sink);
         else
             ownsStraightMatrix<4, inverse, T>(src, sink);
+        break;
+    case 6:
+        if constexpr (ownsHighestStraight<Source> == 6)
+            ownsStraightColumns<6, inverse, T>(src, sink);
         break;
     default:
         if constexpr (Source::Values::values == 1)
